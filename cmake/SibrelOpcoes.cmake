@@ -1,0 +1,36 @@
+# SPDX-License-Identifier: LGPL-2.1-or-later
+# Flags of this project's own code. They stay private: a project that uses Sibrel is not held to them.
+# Left out of an export by $<BUILD_INTERFACE>, since the installed package has no need of it.
+add_library(sibrel_opcoes_impl INTERFACE)
+target_compile_options(sibrel_opcoes_impl INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor -Woverloaded-virtual
+  -Wcast-align -Wunused -Wnull-dereference -Wdouble-promotion -Wformat=2
+  $<$<BOOL:${SIBREL_AVISOS_SAO_ERROS}>:-Werror>
+  # Qt 6.4 headers trip these in GCC 12 at -O2; the code is Qt's, not ours.
+  $<$<CXX_COMPILER_ID:GNU>:-Wno-null-dereference>)
+
+if(SIBREL_SANITIZAR)
+  add_compile_options(-fsanitize=${SIBREL_SANITIZAR} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+  add_link_options(-fsanitize=${SIBREL_SANITIZAR})
+  if(SIBREL_SANITIZAR MATCHES "undefined")
+    # Qt is built without type information for its private classes' vtables.
+    add_compile_options(-fno-sanitize=vptr)
+  endif()
+endif()
+
+add_library(sibrel_opcoes INTERFACE)
+target_link_libraries(sibrel_opcoes INTERFACE $<BUILD_INTERFACE:sibrel_opcoes_impl>)
+
+# sibrel_camada(<layer> <Class>... [SO_CABECALHO <Class>...]): the header/source pairs of a layer, and its headers
+# without a source. Every header is public and installed.
+function(sibrel_camada camada)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SO_CABECALHO")
+  set(cabecalhos "")
+  foreach(nome IN LISTS arg_UNPARSED_ARGUMENTS)
+    target_sources(Sibrel PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}/${nome}.cpp")
+  endforeach()
+  foreach(nome IN LISTS arg_UNPARSED_ARGUMENTS arg_SO_CABECALHO)
+    list(APPEND cabecalhos "${CMAKE_CURRENT_SOURCE_DIR}/${nome}.h")
+  endforeach()
+  target_sources(Sibrel PUBLIC FILE_SET HEADERS BASE_DIRS "${PROJECT_SOURCE_DIR}" FILES ${cabecalhos})
+endfunction()

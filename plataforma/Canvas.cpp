@@ -1,0 +1,413 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "plataforma/Canvas.h"
+
+#include "plataforma/Graphic.h"
+
+#include <QFontMetricsF>
+#include <QPaintEngine>
+#include <QPainter>
+#include <QPolygon>
+#include <QVarLengthArray>
+
+#include <algorithm>
+#include <atomic>
+
+namespace Sibrel
+{
+
+namespace
+{
+
+std::atomic<std::uint64_t> ContagemDeMedidas{0};
+
+// Above this many pixels a picture is scaled by the painter, which only computes what its clip shows.
+constexpr qint64 MaiorPreparada = 4 * 1024 * 1024;
+
+Qt::PenStyle EstiloDaCaneta(TPenStyle Estilo) noexcept
+{
+    switch (Estilo) {
+    case TPenStyle::psDash:
+        return Qt::DashLine;
+    case TPenStyle::psDot:
+        return Qt::DotLine;
+    case TPenStyle::psDashDot:
+        return Qt::DashDotLine;
+    case TPenStyle::psDashDotDot:
+        return Qt::DashDotDotLine;
+    case TPenStyle::psClear:
+        return Qt::NoPen;
+    default:
+        return Qt::SolidLine; // also styles that a damaged file invents
+    }
+}
+
+Qt::BrushStyle EstiloDoPincel(TBrushStyle Estilo) noexcept
+{
+    switch (Estilo) {
+    case TBrushStyle::bsClear:
+        return Qt::NoBrush;
+    case TBrushStyle::bsHorizontal:
+        return Qt::HorPattern;
+    case TBrushStyle::bsVertical:
+        return Qt::VerPattern;
+    case TBrushStyle::bsFDiagonal:
+        return Qt::FDiagPattern;
+    case TBrushStyle::bsBDiagonal:
+        return Qt::BDiagPattern;
+    case TBrushStyle::bsCross:
+        return Qt::CrossPattern;
+    case TBrushStyle::bsDiagCross:
+        return Qt::DiagCrossPattern;
+    default:
+        return Qt::SolidPattern;
+    }
+}
+
+QPen Caneta(const TPen &Pen)
+{
+    // A flat cap leaves the last point of an open line out; corners stay sharp.
+    return {Pen.Color.ParaQColor(), static_cast<double>(std::max(Pen.Width, 1)), EstiloDaCaneta(Pen.Style),
+            Qt::FlatCap, Qt::MiterJoin};
+}
+
+TPen PenDoPintor(const QPainter &Pintor)
+{
+    const QPen &P = Pintor.pen();
+    TPen Pen{TColor(P.color()), TPenStyle::psSolid, std::max(P.width(), 1)};
+    switch (P.style()) {
+    case Qt::NoPen:
+        Pen.Style = TPenStyle::psClear;
+        break;
+    case Qt::DashLine:
+        Pen.Style = TPenStyle::psDash;
+        break;
+    case Qt::DotLine:
+        Pen.Style = TPenStyle::psDot;
+        break;
+    case Qt::DashDotLine:
+        Pen.Style = TPenStyle::psDashDot;
+        break;
+    case Qt::DashDotDotLine:
+        Pen.Style = TPenStyle::psDashDotDot;
+        break;
+    default:
+        break;
+    }
+    return Pen;
+}
+
+TBrush BrushDoPintor(const QPainter &Pintor)
+{
+    const QBrush &B = Pintor.brush();
+    if (B.style() == Qt::NoBrush)
+        return {clWhite, TBrushStyle::bsClear};
+    return {TColor(B.color()), TBrushStyle::bsSolid};
+}
+
+QPoint *ComoQPoints(std::span<const TPoint> Pontos, QVarLengthArray<QPoint, 64> &Onde)
+{
+    Onde.resize(static_cast<qsizetype>(Pontos.size()));
+    std::transform(Pontos.begin(), Pontos.end(), Onde.begin(), [](const TPoint &P) { return P.ParaQPoint(); });
+    return Onde.data();
+}
+
+} // namespace
+
+TCanvas::TCanvas(QPainter &Pintor)
+    : Pen(PenDoPintor(Pintor))
+    , Brush(BrushDoPintor(Pintor))
+    , FPintor(&Pintor)
+{
+}
+
+TCanvas::TCanvas(QPaintDevice &Superficie)
+    : FProprio(std::make_unique<QPainter>(&Superficie))
+{
+    FPintor = FProprio.get();
+}
+
+TCanvas::TCanvas(TBitmap &Bitmap)
+    : FBitmap(&Bitmap)
+{
+}
+
+TCanvas::~TCanvas()
+{
+    if (!FDoHospedeiro)
+        return;
+    FPintor->setPen(FDoHospedeiro->Caneta);
+    FPintor->setBrush(FDoHospedeiro->Pincel);
+    FPintor->setFont(FDoHospedeiro->Fonte);
+}
+
+QPainter &TCanvas::Pintor()
+{
+    if (FBitmap != nullptr)
+        FPintor = &FBitmap->Pintor();
+    return *FPintor;
+}
+
+void TCanvas::EsquecerPintor() noexcept
+{
+    FPintor = nullptr;
+    FPenAplicada.reset();
+    FBrushAplicado.reset();
+    FSeloDaFonteAplicada = 0;
+}
+
+void TCanvas::GuardarDoHospedeiro(QPainter &P)
+{
+    if (FBitmap == nullptr && !FProprio && !FDoHospedeiro)
+        FDoHospedeiro = TEstadoDoHospedeiro{P.pen(), P.brush(), P.font()};
+}
+
+QPainter &TCanvas::ComPen()
+{
+    QPainter &P = Pintor();
+    if (FPenAplicada != Pen) {
+        GuardarDoHospedeiro(P);
+        P.setPen(Caneta(Pen));
+        FPenAplicada = Pen;
+    }
+    return P;
+}
+
+void TCanvas::AplicarBrush(QPainter &P)
+{
+    if (FBrushAplicado == Brush)
+        return;
+    GuardarDoHospedeiro(P);
+    P.setBrush(QBrush(Brush.Color.ParaQColor(), EstiloDoPincel(Brush.Style)));
+    FBrushAplicado = Brush;
+}
+
+QPainter &TCanvas::ComPenEBrush()
+{
+    QPainter &P = ComPen();
+    AplicarBrush(P);
+    return P;
+}
+
+const QFont &TCanvas::FonteAtual() const
+{
+    if (FSeloDaFonte != Font.Selo()) {
+        FFonte = Font.ParaQFont();
+        FMetricas.reset();
+        FSeloDaFonte = Font.Selo();
+    }
+    return FFonte;
+}
+
+const QFontMetricsF &TCanvas::MetricasAtuais() const
+{
+    const QFont &Fonte = FonteAtual();
+    if (!FMetricas)
+        FMetricas = std::make_unique<QFontMetricsF>(Fonte);
+    return *FMetricas;
+}
+
+std::uint64_t TCanvas::Medidas() noexcept { return ContagemDeMedidas.load(std::memory_order_relaxed); }
+
+int TCanvas::TextWidth(const QString &Texto) const
+{
+    ContagemDeMedidas.fetch_add(1, std::memory_order_relaxed);
+    return qRound(MetricasAtuais().horizontalAdvance(Font.TextoParaDesenhar(Texto)));
+}
+
+int TCanvas::TextHeight(const QString &) const
+{
+    ContagemDeMedidas.fetch_add(1, std::memory_order_relaxed);
+    return qRound(MetricasAtuais().height());
+}
+
+void TCanvas::EscreverNaOrigem(QPainter &P, const QString &Texto)
+{
+    const QFontMetricsF &Metricas = MetricasAtuais();
+    const double Largura = Metricas.horizontalAdvance(Texto);
+    double X = 0;
+    if ((TextAlign & TA_CENTER) == TA_CENTER)
+        X = -std::floor(Largura / 2);
+    else if ((TextAlign & TA_RIGHT) == TA_RIGHT)
+        X = -Largura;
+    double LinhaDeBase = Metricas.ascent();
+    if ((TextAlign & TA_BASELINE) == TA_BASELINE)
+        LinhaDeBase = 0;
+    else if ((TextAlign & TA_BOTTOM) == TA_BOTTOM)
+        LinhaDeBase = -Metricas.descent();
+    // Whole pixels, so that the same text looks the same wherever it stands.
+    X = std::round(X);
+    LinhaDeBase = std::round(LinhaDeBase);
+    if (Brush.Style != TBrushStyle::bsClear)
+        P.fillRect(QRectF(X, LinhaDeBase - std::round(Metricas.ascent()), std::ceil(Largura),
+                          std::round(Metricas.height())),
+                   QBrush(Brush.Color.ParaQColor(), EstiloDoPincel(Brush.Style)));
+    P.drawText(QPointF(X, LinhaDeBase), Texto);
+}
+
+void TCanvas::TextOut(int X, int Y, const QString &Texto)
+{
+    if (Texto.isEmpty())
+        return;
+    QPainter &P = Pintor();
+    GuardarDoHospedeiro(P);
+    if (FSeloDaFonteAplicada != Font.Selo()) {
+        P.setFont(FonteAtual());
+        FSeloDaFonteAplicada = Font.Selo();
+    }
+    P.setPen(Font.Color().ParaQColor());
+    FPenAplicada.reset();
+    const double Graus = Font.Orientation() / 10.0;
+    P.translate(X, Y);
+    P.rotate(-Graus); // the painter turns clockwise
+    EscreverNaOrigem(P, Font.TextoParaDesenhar(Texto));
+    P.rotate(Graus);
+    P.translate(-X, -Y);
+}
+
+void TCanvas::TextRect(const TRect &Area, int X, int Y, const QString &Texto)
+{
+    if (Area.Vazio())
+        return;
+    QPainter &P = Pintor();
+    // Not save() and restore(): those would also put back what the canvas believes to be applied.
+    const bool Recortava = P.hasClipping();
+    const QRegion Antigo = Recortava ? P.clipRegion() : QRegion();
+    P.setClipRect(Area.ParaQRect(), Recortava ? Qt::IntersectClip : Qt::ReplaceClip);
+    TextOut(X, Y, Texto);
+    if (Recortava)
+        P.setClipRegion(Antigo);
+    else
+        P.setClipping(false);
+}
+
+void TCanvas::LineTo(int X, int Y)
+{
+    const TPoint Ate(X, Y);
+    if (Ate != FAqui)
+        ComPen().drawLine(FAqui.ParaQPoint(), Ate.ParaQPoint());
+    FAqui = Ate;
+}
+
+void TCanvas::Polygon(std::span<const TPoint> Pontos)
+{
+    if (Pontos.empty())
+        return;
+    QVarLengthArray<QPoint, 64> Lista;
+    ComPenEBrush().drawPolygon(ComoQPoints(Pontos, Lista), static_cast<int>(Pontos.size()), Qt::OddEvenFill);
+}
+
+void TCanvas::Polyline(std::span<const TPoint> Pontos)
+{
+    if (Pontos.empty())
+        return;
+    QVarLengthArray<QPoint, 64> Lista;
+    ComPen().drawPolyline(ComoQPoints(Pontos, Lista), static_cast<int>(Pontos.size()));
+}
+
+void TCanvas::Ellipse(const TRect &Area)
+{
+    if (Area.Vazio())
+        return;
+    // Qt draws the outline on the far edge too; the pixels of this rectangle end one before it.
+    ComPenEBrush().drawEllipse(Area.ParaQRect().adjusted(0, 0, -1, -1));
+}
+
+void TCanvas::Rectangle(const TRect &Area)
+{
+    if (Area.Vazio())
+        return;
+    ComPenEBrush().drawRect(Area.ParaQRect().adjusted(0, 0, -1, -1));
+}
+
+void TCanvas::FillRect(const TRect &Area)
+{
+    if (!Area.Vazio() && Brush.Style != TBrushStyle::bsClear)
+        Pintor().fillRect(Area.ParaQRect(), QBrush(Brush.Color.ParaQColor(), EstiloDoPincel(Brush.Style)));
+}
+
+void TCanvas::Draw(int X, int Y, const TGraphic &Grafico)
+{
+    StretchDraw({X, Y, X + Grafico.Width(), Y + Grafico.Height()}, Grafico);
+}
+
+void TCanvas::StretchDraw(const TRect &Area, const TGraphic &Grafico)
+{
+    if (Area.Width() == 0 || Area.Height() == 0 || Grafico.Empty())
+        return;
+    const QRect Alvo(std::min(Area.Left, Area.Right), std::min(Area.Top, Area.Bottom),
+                     static_cast<int>(std::abs(Area.Width())), static_cast<int>(std::abs(Area.Height())));
+    const std::optional<double> Densidade = DensidadeDePixels();
+    const QSize Fisico = Densidade ? (QSizeF(Alvo.size()) * *Densidade).toSize() : QSize();
+    const bool CabeInteira =
+        Densidade && qint64{Fisico.width()} * qint64{Fisico.height()} <= MaiorPreparada;
+    QImage Imagem = Grafico.Preparada(CabeInteira ? Fisico : QSize(Grafico.Width(), Grafico.Height()));
+    if (Area.Width() < 0 || Area.Height() < 0)
+        Imagem = Imagem.mirrored(Area.Width() < 0, Area.Height() < 0);
+    DrawComModo(Alvo, Imagem);
+}
+
+void TCanvas::DrawComModo(const QRect &Area, const QImage &Imagem)
+{
+    QPainter &P = Pintor();
+    const auto Desenhar = [&](QPainter::CompositionMode Modo) {
+        const QPainter::CompositionMode Antigo = P.compositionMode();
+        P.setCompositionMode(Modo);
+        P.drawImage(QRectF(Area), Imagem, QRectF(Imagem.rect()));
+        P.setCompositionMode(Antigo);
+    };
+    switch (CopyMode) {
+    case TCopyMode::cmSrcCopy:
+        P.drawImage(QRectF(Area), Imagem, QRectF(Imagem.rect()));
+        break;
+    case TCopyMode::cmDstInvert:
+        Desenhar(QPainter::RasterOp_NotDestination);
+        break;
+    case TCopyMode::cmMergeCopy: {
+        P.drawImage(QRectF(Area), Imagem, QRectF(Imagem.rect()));
+        const QPainter::CompositionMode Antigo = P.compositionMode();
+        P.setCompositionMode(QPainter::RasterOp_SourceAndDestination);
+        P.fillRect(Area, Brush.Color.ParaQColor());
+        P.setCompositionMode(Antigo);
+        break;
+    }
+    case TCopyMode::cmSrcAnd:
+        Desenhar(QPainter::RasterOp_SourceAndDestination);
+        break;
+    case TCopyMode::cmSrcPaint:
+        Desenhar(QPainter::RasterOp_SourceOrDestination);
+        break;
+    case TCopyMode::cmSrcInvert:
+        Desenhar(QPainter::RasterOp_SourceXorDestination);
+        break;
+    case TCopyMode::cmNotSrcCopy:
+        Desenhar(QPainter::RasterOp_NotSource);
+        break;
+    }
+}
+
+TColor TCanvas::Pixel(int X, int Y) const
+{
+    if (FBitmap != nullptr)
+        return FBitmap->Pixel(X, Y);
+    if (FPintor->device()->devType() != QInternal::Image)
+        return clWhite;
+    const auto *Imagem = static_cast<const QImage *>(FPintor->device());
+    return Imagem->valid(X, Y) ? TColor(Imagem->pixelColor(X, Y)) : clWhite;
+}
+
+void TCanvas::AtribuirPixel(int X, int Y, TColor Cor) { Pintor().fillRect(X, Y, 1, 1, Cor.ParaQColor()); }
+
+std::optional<double> TCanvas::DensidadeDePixels() const
+{
+    if (FBitmap != nullptr)
+        return 1.0;
+    const QPaintEngine *Motor = FPintor->paintEngine();
+    if (Motor == nullptr || Motor->type() != QPaintEngine::Raster || FPintor->viewTransformEnabled()
+        || FPintor->worldTransform().type() > QTransform::TxTranslate)
+        return std::nullopt;
+    return FPintor->device()->devicePixelRatioF();
+}
+
+void TCanvas::DesenharPreparada(int X, int Y, const QImage &Imagem) { Pintor().drawImage(QPoint(X, Y), Imagem); }
+
+} // namespace Sibrel
