@@ -21,12 +21,12 @@ endif()
 add_library(sibrel_opcoes INTERFACE)
 target_link_libraries(sibrel_opcoes INTERFACE $<BUILD_INTERFACE:sibrel_opcoes_impl>)
 
-# sibrel_camada(<layer> <Class>... [SO_CABECALHO <Class>...]): the header/source pairs of a layer, and its headers
-# without a source. Every header is public and installed.
+# sibrel_camada(<layer> <Class>... [SO_CABECALHO <Class>...] [INTERNOS <file>...]): the header/source pairs of a layer
+# and its headers without a source, all public and installed; and source files whose headers, if any, are not.
 function(sibrel_camada camada)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SO_CABECALHO")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SO_CABECALHO;INTERNOS")
   set(cabecalhos "")
-  foreach(nome IN LISTS arg_UNPARSED_ARGUMENTS)
+  foreach(nome IN LISTS arg_UNPARSED_ARGUMENTS arg_INTERNOS)
     target_sources(Sibrel PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}/${nome}.cpp")
   endforeach()
   foreach(nome IN LISTS arg_UNPARSED_ARGUMENTS arg_SO_CABECALHO)

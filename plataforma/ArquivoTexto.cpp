@@ -134,7 +134,12 @@ void TArquivoDeLeitura::Erro(const QString &Motivo) const
     throw EInOutError(QStringLiteral("Erro de leitura do arquivo de texto!"), Motivo + u' ' + Onde());
 }
 
-void TArquivoDeGravacao::Escrever(QStringView Texto) { FBytes += Exigir1252(Texto); }
+void TArquivoDeGravacao::Escrever(QStringView Texto)
+{
+    if (Texto.contains(u'\r') || Texto.contains(u'\n'))
+        throw EConvertError(QStringLiteral("O texto <%1> tem uma quebra de linha!").arg(Texto));
+    FBytes += Exigir1252(Texto);
+}
 
 void TArquivoDeGravacao::Gravar(const QString &Nome) const { GravarArquivoInteiro(Nome, FBytes); }
 

@@ -70,7 +70,7 @@ private:
 class SIBREL_EXPORT TArquivoDeGravacao
 {
 public:
-    /// Appends `Texto` as it is.
+    /// Appends `Texto` as it is. A line end inside it raises EConvertError too: it would break the record in two.
     void Escrever(QStringView Texto);
     /// Ends the line.
     void ProximaLinha() { FBytes += "\r\n"; }

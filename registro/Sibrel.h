@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The package module: the table that starts the modules when the library is loaded and stops them at its unload.
+#pragma once
+
+#include "plataforma/Exportacao.h"
+#include "plataforma/Modulo.h"
+
+#include <span>
+
+namespace Sibrel
+{
+
+/// The package's own modules in the order in which they start; they stop in the reverse order.
+SIBREL_EXPORT std::span<TModulo *const> ModulosDoPacote() noexcept;
+
+} // namespace Sibrel

@@ -1,0 +1,175 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "simbolos/CacheDePinturas.h"
+
+#include <QCache>
+#include <QGuiApplication>
+#include <QHashFunctions>
+#include <QPainter>
+#include <QPointer>
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+
+namespace Sibrel
+{
+
+static size_t qHash(const TChaveDePintura &C, size_t Semente) noexcept
+{
+    return qHashMulti(Semente, C.Conteudo, C.Variante, C.Largura, C.Altura, C.Codigo, C.Cor);
+}
+
+namespace
+{
+
+struct TPintura {
+    QVarLengthArray<TChaveDePintura, 1> Dependencias; // the keys behind the first
+    QImage Imagem;
+    TPoint Deslocamento; // from the rectangle's corner, logical pixels
+};
+
+struct TEstado {
+    QCache<TChaveDePintura, TPintura> Pinturas{TCacheDePinturas::BytesMaximos};
+    QPointer<QGuiApplication> Aplicacao;
+    std::uint64_t Preparadas = 0;
+    std::uint64_t GeracaoDasFontes = 1;
+};
+
+TEstado &Estado()
+{
+    static TEstado Unico;
+    return Unico;
+}
+
+void AcompanharFontes(TEstado &E)
+{
+    if (E.Aplicacao == qGuiApp || qGuiApp == nullptr)
+        return;
+    E.Aplicacao = qGuiApp;
+    QObject::connect(qGuiApp, &QGuiApplication::fontDatabaseChanged, qGuiApp, [] {
+        ++Estado().GeracaoDasFontes;
+        Estado().Pinturas.clear();
+    });
+}
+
+bool MesmasDependencias(const TPintura &Pintura, const TPinturaPedida &Pedida) noexcept
+{
+    return std::equal(Pintura.Dependencias.begin(), Pintura.Dependencias.end(), Pedida.Chaves.begin() + 1,
+                      Pedida.Chaves.end());
+}
+
+// The smallest rectangle that holds every pixel that is not see-through.
+QRect AreaVisivel(const QImage &Imagem)
+{
+    QRect Area;
+    for (int Y = 0; Y < Imagem.height(); ++Y) {
+        const auto *Inicio = reinterpret_cast<const QRgb *>(Imagem.constScanLine(Y));
+        const auto *Fim = Inicio + Imagem.width();
+        const auto Visivel = [](QRgb P) { return P != 0; };
+        const auto *Primeiro = std::find_if(Inicio, Fim, Visivel);
+        if (Primeiro == Fim)
+            continue;
+        const auto *Ultimo =
+            std::find_if(std::reverse_iterator(Fim), std::reverse_iterator(Inicio), Visivel).base() - 1;
+        Area |= QRect(QPoint(static_cast<int>(Primeiro - Inicio), Y), QPoint(static_cast<int>(Ultimo - Inicio), Y));
+    }
+    return Area;
+}
+
+bool Opaca(const QImage &Imagem)
+{
+    for (int Y = 0; Y < Imagem.height(); ++Y) {
+        const auto *Inicio = reinterpret_cast<const QRgb *>(Imagem.constScanLine(Y));
+        if (!std::all_of(Inicio, Inicio + Imagem.width(), [](QRgb P) { return qAlpha(P) == 255; }))
+            return false;
+    }
+    return true;
+}
+
+// Cuts the margins that show nothing (whole logical pixels, so that the picture stays on the grid) and drops an
+// alpha that says nothing: both make the blit that follows shorter.
+void Enxugar(TPintura &Pintura, int Densidade)
+{
+    const QRect Visivel = AreaVisivel(Pintura.Imagem);
+    if (Visivel.isEmpty()) {
+        Pintura.Imagem = QImage();
+        return;
+    }
+    const double Dpr = Pintura.Imagem.devicePixelRatio();
+    if (Densidade > 0 && Visivel != Pintura.Imagem.rect()) {
+        const QPoint Canto(Visivel.left() / Densidade, Visivel.top() / Densidade);
+        const QRect Corte(Canto * Densidade, Visivel.bottomRight());
+        Pintura.Imagem = Pintura.Imagem.copy(Corte);
+        Pintura.Deslocamento.X += Canto.x();
+        Pintura.Deslocamento.Y += Canto.y();
+    }
+    if (Opaca(Pintura.Imagem))
+        Pintura.Imagem = std::move(Pintura.Imagem).convertToFormat(QImage::Format_RGB32);
+    Pintura.Imagem.setDevicePixelRatio(Dpr);
+}
+
+std::unique_ptr<TPintura> Preparar(const TRect &Rect, const TPinturaPedida &Pedida, const TPen &Caneta,
+                                   QSize Fisico, const std::function<void(TCanvas &)> &Pintar)
+{
+    auto Pintura = std::make_unique<TPintura>();
+    const double Densidade = Pedida.Chaves.front().Densidade;
+    Pintura->Dependencias.append(Pedida.Chaves.constData() + 1, Pedida.Chaves.size() - 1);
+    Pintura->Deslocamento = {Pedida.Alcance.Left - Rect.Left, Pedida.Alcance.Top - Rect.Top};
+    Pintura->Imagem = QImage(Fisico, QImage::Format_ARGB32_Premultiplied);
+    Pintura->Imagem.fill(Qt::transparent);
+    Pintura->Imagem.setDevicePixelRatio(Densidade);
+    {
+        QPainter Pintor(&Pintura->Imagem);
+        Pintor.translate(-Pedida.Alcance.Left, -Pedida.Alcance.Top);
+        TCanvas Canvas(Pintor);
+        Canvas.Pen = Caneta;
+        Pintar(Canvas);
+    }
+    const bool Inteira = Densidade == std::floor(Densidade);
+    Enxugar(*Pintura, Inteira ? static_cast<int>(Densidade) : 0);
+    return Pintura;
+}
+
+} // namespace
+
+bool DesenharLembrada(TCanvas &Canvas, const TRect &Rect, const TPinturaPedida &Pedida, const TPen &Caneta,
+                      const std::function<void(TCanvas &)> &Pintar)
+{
+    TEstado &E = Estado();
+    AcompanharFontes(E);
+    const TPintura *Pintura = E.Pinturas.object(Pedida.Chaves.front());
+    if (Pintura == nullptr || !MesmasDependencias(*Pintura, Pedida)) {
+        const double Densidade = Pedida.Chaves.front().Densidade;
+        const double Largura = std::ceil(static_cast<double>(Pedida.Alcance.Width()) * Densidade);
+        const double Altura = std::ceil(static_cast<double>(Pedida.Alcance.Height()) * Densidade);
+        constexpr int BytesDoPixel = 4;
+        if (!(Largura * Altura * BytesDoPixel <= static_cast<double>(TCacheDePinturas::BytesDeUma)))
+            return false;
+        if (Largura < 1 || Altura < 1)
+            return true;
+        std::unique_ptr<TPintura> Nova =
+            Preparar(Rect, Pedida, Caneta, QSize(static_cast<int>(Largura), static_cast<int>(Altura)), Pintar);
+        ++E.Preparadas;
+        const qsizetype Custo = Nova->Imagem.sizeInBytes() + qsizetype{sizeof(TPintura)}
+                                + Nova->Dependencias.size() * qsizetype{sizeof(TChaveDePintura)};
+        Pintura = Nova.get();
+        E.Pinturas.insert(Pedida.Chaves.front(), Nova.release(), Custo); // the cache owns it from here
+    }
+    if (!Pintura->Imagem.isNull())
+        Canvas.DesenharPreparada(Rect.Left + Pintura->Deslocamento.X, Rect.Top + Pintura->Deslocamento.Y,
+                                 Pintura->Imagem);
+    return true;
+}
+
+qsizetype TCacheDePinturas::Bytes() noexcept { return Estado().Pinturas.totalCost(); }
+qsizetype TCacheDePinturas::Quantas() noexcept { return Estado().Pinturas.size(); }
+std::uint64_t TCacheDePinturas::Preparadas() noexcept { return Estado().Preparadas; }
+void TCacheDePinturas::Esvaziar() noexcept { Estado().Pinturas.clear(); }
+
+std::uint64_t TCacheDePinturas::GeracaoDasFontes()
+{
+    AcompanharFontes(Estado());
+    return Estado().GeracaoDasFontes;
+}
+
+} // namespace Sibrel
