@@ -67,7 +67,10 @@ void TSubject::RemoverObserver(TObserver &Observer) noexcept
         std::replace(R->PorAvisar.begin(), R->PorAvisar.end(), &Observer, static_cast<TObserver *>(nullptr));
 }
 
-int TSubject::QuantosObservers() const noexcept { return static_cast<int>(FObservers.size()); }
+int TSubject::QuantosObservers() const noexcept
+{
+    return static_cast<int>(FObservers.size());
+}
 
 void TSubject::AvisarObservers()
 {

@@ -22,7 +22,8 @@ public:
     TObserver(const TObserver &) = delete;
     TObserver &operator=(const TObserver &) = delete;
 
-    /// Called by `AvisarObservers` of a subject, on its thread. May subscribe and unsubscribe anyone, itself too.
+    /// Called by `AvisarObservers` of a subject, on its thread. May subscribe and unsubscribe anyone, itself
+    /// too.
     virtual void Avisado(TSubject &Assunto) = 0;
 
 private:
@@ -45,9 +46,10 @@ public:
     void RemoverObserver(TObserver &Observer) noexcept;
     int QuantosObservers() const noexcept;
 
-    /// Calls every observer that is subscribed now, in the order of subscription, and emits Mudou(). An observer that
-    /// unsubscribes (or dies) during the round is not called any more; one that subscribes waits for the next round.
-    /// What an observer raises reaches the caller; the observers behind it are then not called.
+    /// Calls every observer that is subscribed now, in the order of subscription, and emits Mudou(). An
+    /// observer that unsubscribes (or dies) during the round is not called any more; one that subscribes
+    /// waits for the next round. What an observer raises reaches the caller; the observers behind it are then
+    /// not called.
     void AvisarObservers();
 
 Q_SIGNALS:

@@ -20,9 +20,15 @@ namespace Sibrel
 namespace
 {
 
-bool Separador(QChar C) noexcept { return C == u'/' || C == u'\\'; }
+bool Separador(QChar C) noexcept
+{
+    return C == u'/' || C == u'\\';
+}
 
-QString ComBarras(QString Nome) { return Nome.replace(u'\\', u'/'); }
+QString ComBarras(QString Nome)
+{
+    return Nome.replace(u'\\', u'/');
+}
 
 // The entry of `Pasta` that is `Nome` in other letter case, empty when there is none.
 QString EntradaSemCaixa(const QString &Pasta, const QString &Nome)
@@ -39,7 +45,10 @@ bool ComUnidade(QStringView Nome) noexcept
     return Nome.size() >= 2 && Nome[1] == u':' && Nome[0].isLetter();
 }
 
-bool Absoluto(QStringView Nome) noexcept { return (!Nome.isEmpty() && Separador(Nome[0])) || ComUnidade(Nome); }
+bool Absoluto(QStringView Nome) noexcept
+{
+    return (!Nome.isEmpty() && Separador(Nome[0])) || ComUnidade(Nome);
+}
 
 QStringList Componentes(const QString &Nome)
 {
@@ -61,7 +70,7 @@ QString ResolverNomeDeArquivo(const QString &Nome)
 {
     if (QFileInfo::exists(Nome))
         return Nome; // also a name that holds a backslash on a system that allows it
-    const QString Direto = ComBarras(Nome);
+    QString Direto = ComBarras(Nome);
     if (Direto.isEmpty() || QFileInfo::exists(Direto))
         return Direto;
 
@@ -139,8 +148,8 @@ void GravarArquivoInteiro(const QString &Nome, QByteArrayView Bytes)
 {
     QSaveFile Arquivo(Nome);
     Arquivo.setDirectWriteFallback(true); // a folder that forbids new files may still allow this one
-    if (!Arquivo.open(QIODevice::WriteOnly) || Arquivo.write(Bytes.data(), Bytes.size()) != Bytes.size()
-        || !Arquivo.commit())
+    if (!Arquivo.open(QIODevice::WriteOnly) || Arquivo.write(Bytes.data(), Bytes.size()) != Bytes.size() ||
+        !Arquivo.commit())
         throw EFCreateError(QStringLiteral("Não foi possível gravar o arquivo <%1>!").arg(Nome),
                             Arquivo.errorString() + u'.');
 }

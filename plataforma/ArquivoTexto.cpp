@@ -15,7 +15,10 @@ namespace Sibrel
 namespace
 {
 
-constexpr bool BrancoDeToken(char C) noexcept { return C == ' ' || C == '\t'; }
+constexpr bool BrancoDeToken(char C) noexcept
+{
+    return C == ' ' || C == '\t';
+}
 
 // A number token may carry its sign, which from_chars takes only when it is a minus.
 QByteArrayView SemMais(QByteArrayView Token) noexcept
@@ -52,7 +55,10 @@ qsizetype TArquivoDeLeitura::FimDestaLinha() const noexcept
     return Fim > FPosicao && FBytes[Fim - 1] == '\r' ? Fim - 1 : Fim;
 }
 
-bool TArquivoDeLeitura::FimDaLinha() const noexcept { return FimDestaLinha() == FPosicao; }
+bool TArquivoDeLeitura::FimDaLinha() const noexcept
+{
+    return FimDestaLinha() == FPosicao;
+}
 
 QByteArrayView TArquivoDeLeitura::RestoDaLinha() const noexcept
 {
@@ -85,8 +91,8 @@ QByteArrayView TArquivoDeLeitura::LerToken()
     if (FimDoArquivo())
         Erro(QStringLiteral("O arquivo termina onde se esperava um número."));
     const qsizetype Inicio = FPosicao;
-    while (!FimDoArquivo() && !BrancoDeToken(FBytes[FPosicao]) && FBytes[FPosicao] != '\r'
-           && FBytes[FPosicao] != '\n')
+    while (!FimDoArquivo() && !BrancoDeToken(FBytes[FPosicao]) && FBytes[FPosicao] != '\r' &&
+           FBytes[FPosicao] != '\n')
         ++FPosicao;
     return QByteArrayView(FBytes).sliced(Inicio, FPosicao - Inicio);
 }
@@ -141,14 +147,20 @@ void TArquivoDeGravacao::Escrever(QStringView Texto)
     FBytes += Exigir1252(Texto);
 }
 
-void TArquivoDeGravacao::Gravar(const QString &Nome) const { GravarArquivoInteiro(Nome, FBytes); }
+void TArquivoDeGravacao::Gravar(const QString &Nome) const
+{
+    GravarArquivoInteiro(Nome, FBytes);
+}
 
 QString ADireita(std::int64_t Numero, int Largura)
 {
     return QString::number(Numero).rightJustified(Largura, u' ');
 }
 
-QString AEsquerda(const QString &Texto, int Largura) { return Texto.leftJustified(Largura, u' '); }
+QString AEsquerda(const QString &Texto, int Largura)
+{
+    return Texto.leftJustified(Largura, u' ');
+}
 
 QString SemBrancos(QStringView Texto)
 {

@@ -13,10 +13,12 @@
 namespace Sibrel
 {
 
-/// Reads a text file of records the way the library files are meant: number tokens, fixed columns, rests of lines.
+/// Reads a text file of records the way the library files are meant: number tokens, fixed columns, rests of
+/// lines.
 ///
-/// The whole file is held in memory as bytes of code page 1252. Lines end in CR LF or LF. A number that is not one
-/// and an early end of the file raise EInOutError, whose `Detalhe` names the file and the line. Move-only value.
+/// The whole file is held in memory as bytes of code page 1252. Lines end in CR LF or LF. A number that is
+/// not one and an early end of the file raise EInOutError, whose `Detalhe` names the file and the line.
+/// Move-only value.
 class SIBREL_EXPORT TArquivoDeLeitura
 {
 public:
@@ -33,8 +35,8 @@ public:
     /// The file and line for `Detalhe`.
     QString Onde() const;
 
-    /// The next integer token; blanks, tabs and line ends before it are skipped. The token ends at a blank, a tab
-    /// or a line end, and the position is left right behind it.
+    /// The next integer token; blanks, tabs and line ends before it are skipped. The token ends at a blank, a
+    /// tab or a line end, and the position is left right behind it.
     std::int32_t LerInteiro();
     /// The next real-number token, decimal point ".".
     double LerReal();
@@ -65,18 +67,20 @@ private:
 
 /// Writes a text file of records: into memory first, to disk as one step at the end.
 ///
-/// Texts are kept in code page 1252; a character that it lacks raises EConvertError at once, so that a writer that
-/// fails has not touched the file yet. Lines end in CR LF.
+/// Texts are kept in code page 1252; a character that it lacks raises EConvertError at once, so that a writer
+/// that fails has not touched the file yet. Lines end in CR LF.
 class SIBREL_EXPORT TArquivoDeGravacao
 {
 public:
-    /// Appends `Texto` as it is. A line end inside it raises EConvertError too: it would break the record in two.
+    /// Appends `Texto` as it is. A line end inside it raises EConvertError too: it would break the record in
+    /// two.
     void Escrever(QStringView Texto);
     /// Ends the line.
     void ProximaLinha() { FBytes += "\r\n"; }
 
     const QByteArray &Bytes() const noexcept { return FBytes; }
-    /// Replaces the file `Nome` by what was written; EFCreateError on failure, the former file is still there.
+    /// Replaces the file `Nome` by what was written; EFCreateError on failure, the former file is still
+    /// there.
     void Gravar(const QString &Nome) const;
 
 private:

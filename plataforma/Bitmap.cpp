@@ -16,7 +16,10 @@ namespace Sibrel
 namespace
 {
 
-QRgb *LinhaDe(QImage &Imagem, int Y) { return reinterpret_cast<QRgb *>(Imagem.scanLine(Y)); }
+QRgb *LinhaDe(QImage &Imagem, int Y)
+{
+    return reinterpret_cast<QRgb *>(Imagem.scanLine(Y));
+}
 const QRgb *LinhaDe(const QImage &Imagem, int Y)
 {
     return reinterpret_cast<const QRgb *>(Imagem.constScanLine(Y));
@@ -39,8 +42,7 @@ std::vector<int> LugaresEscolhidos(int Destino, int Origem)
 {
     std::vector<int> Escolhidos(static_cast<std::size_t>(Destino));
     for (int I = 0; I < Destino; ++I)
-        Escolhidos[static_cast<std::size_t>(I)] =
-            static_cast<int>((2LL * I + 1) * Origem / (2LL * Destino));
+        Escolhidos[static_cast<std::size_t>(I)] = static_cast<int>((2LL * I + 1) * Origem / (2LL * Destino));
     return Escolhidos;
 }
 
@@ -60,15 +62,24 @@ QImage EsticadaSemSuavizar(const QImage &Origem, QSize Tamanho)
 
 TBitmap::TBitmap() = default;
 
-TBitmap::TBitmap(QImage Imagem)
+TBitmap::TBitmap(const QImage &Imagem)
 {
-    AtribuirImagem(std::move(Imagem));
+    AtribuirImagem(Imagem);
 }
 
-TBitmap::~TBitmap() { SoltarPintor(); }
+TBitmap::~TBitmap()
+{
+    SoltarPintor();
+}
 
-int TBitmap::Width() const noexcept { return FImagem.width(); }
-int TBitmap::Height() const noexcept { return FImagem.height(); }
+int TBitmap::Width() const noexcept
+{
+    return FImagem.width();
+}
+int TBitmap::Height() const noexcept
+{
+    return FImagem.height();
+}
 
 void TBitmap::AtribuirTamanho(int Largura, int Altura)
 {
@@ -77,7 +88,8 @@ void TBitmap::AtribuirTamanho(int Largura, int Altura)
         return;
     SoltarPintor();
     if (Novo.isEmpty()) {
-        // A size of which one side is 0 holds no pixels, yet each side is remembered by the other's next value.
+        // A size of which one side is 0 holds no pixels, yet each side is remembered by the other's next
+        // value.
         FImagem = QImage();
     } else {
         const int Antiga = FImagem.height();
@@ -108,7 +120,7 @@ const QImage &TBitmap::Imagem() const
     return FImagem;
 }
 
-void TBitmap::AtribuirImagem(QImage Imagem)
+void TBitmap::AtribuirImagem(const QImage &Imagem)
 {
     SoltarPintor();
     FImagem = Imagem.convertToFormat(Imagem.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied

@@ -21,7 +21,7 @@ public:
 
     /// Empty, 32 bits a pixel.
     TBitmap();
-    explicit TBitmap(QImage Imagem);
+    explicit TBitmap(const QImage &Imagem);
     ~TBitmap() override;
 
     int Width() const noexcept override;
@@ -29,14 +29,14 @@ public:
     /// Changes the size; what both sizes share is kept, new pixels are white. A negative size counts as 0.
     void AtribuirTamanho(int Largura, int Altura);
 
-    /// One bit a pixel: black and white, a pixel is dark when its luminance is below 128. Setting it reduces the
-    /// picture at once; what is drawn later is reduced when it is next read.
+    /// One bit a pixel: black and white, a pixel is dark when its luminance is below 128. Setting it reduces
+    /// the picture at once; what is drawn later is reduced when it is next read.
     bool Monochrome() const noexcept { return FMonochrome; }
     void AtribuirMonochrome(bool Valor);
 
     /// The pixels, at one image pixel a bitmap pixel. The reference is good until the bitmap is next used.
     const QImage &Imagem() const;
-    void AtribuirImagem(QImage Imagem);
+    void AtribuirImagem(const QImage &Imagem);
 
     /// The colour of a pixel; outside the bitmap raises nothing and gives white.
     TColor Pixel(int X, int Y) const;

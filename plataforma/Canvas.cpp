@@ -21,7 +21,7 @@ namespace
 std::atomic<std::uint64_t> ContagemDeMedidas{0};
 
 // Above this many pixels a picture is scaled by the painter, which only computes what its clip shows.
-constexpr qint64 MaiorPreparada = 4 * 1024 * 1024;
+constexpr qint64 MaiorPreparada = qint64{4} * 1024 * 1024;
 
 Qt::PenStyle EstiloDaCaneta(TPenStyle Estilo) noexcept
 {
@@ -107,7 +107,8 @@ TBrush BrushDoPintor(const QPainter &Pintor)
 QPoint *ComoQPoints(std::span<const TPoint> Pontos, QVarLengthArray<QPoint, 64> &Onde)
 {
     Onde.resize(static_cast<qsizetype>(Pontos.size()));
-    std::transform(Pontos.begin(), Pontos.end(), Onde.begin(), [](const TPoint &P) { return P.ParaQPoint(); });
+    std::transform(Pontos.begin(), Pontos.end(), Onde.begin(),
+                   [](const TPoint &P) { return P.ParaQPoint(); });
     return Onde.data();
 }
 
@@ -206,7 +207,10 @@ const QFontMetricsF &TCanvas::MetricasAtuais() const
     return *FMetricas;
 }
 
-std::uint64_t TCanvas::Medidas() noexcept { return ContagemDeMedidas.load(std::memory_order_relaxed); }
+std::uint64_t TCanvas::Medidas() noexcept
+{
+    return ContagemDeMedidas.load(std::memory_order_relaxed);
+}
 
 int TCanvas::TextWidth(const QString &Texto) const
 {
@@ -338,8 +342,7 @@ void TCanvas::StretchDraw(const TRect &Area, const TGraphic &Grafico)
                      static_cast<int>(std::abs(Area.Width())), static_cast<int>(std::abs(Area.Height())));
     const std::optional<double> Densidade = DensidadeDePixels();
     const QSize Fisico = Densidade ? (QSizeF(Alvo.size()) * *Densidade).toSize() : QSize();
-    const bool CabeInteira =
-        Densidade && qint64{Fisico.width()} * qint64{Fisico.height()} <= MaiorPreparada;
+    const bool CabeInteira = Densidade && qint64{Fisico.width()} * qint64{Fisico.height()} <= MaiorPreparada;
     QImage Imagem = Grafico.Preparada(CabeInteira ? Fisico : QSize(Grafico.Width(), Grafico.Height()));
     if (Area.Width() < 0 || Area.Height() < 0)
         Imagem = Imagem.mirrored(Area.Width() < 0, Area.Height() < 0);
@@ -395,19 +398,25 @@ TColor TCanvas::Pixel(int X, int Y) const
     return Imagem->valid(X, Y) ? TColor(Imagem->pixelColor(X, Y)) : clWhite;
 }
 
-void TCanvas::AtribuirPixel(int X, int Y, TColor Cor) { Pintor().fillRect(X, Y, 1, 1, Cor.ParaQColor()); }
+void TCanvas::AtribuirPixel(int X, int Y, TColor Cor)
+{
+    Pintor().fillRect(X, Y, 1, 1, Cor.ParaQColor());
+}
 
 std::optional<double> TCanvas::DensidadeDePixels() const
 {
     if (FBitmap != nullptr)
         return 1.0;
     const QPaintEngine *Motor = FPintor->paintEngine();
-    if (Motor == nullptr || Motor->type() != QPaintEngine::Raster || FPintor->viewTransformEnabled()
-        || FPintor->worldTransform().type() > QTransform::TxTranslate)
+    if (Motor == nullptr || Motor->type() != QPaintEngine::Raster || FPintor->viewTransformEnabled() ||
+        FPintor->worldTransform().type() > QTransform::TxTranslate)
         return std::nullopt;
     return FPintor->device()->devicePixelRatioF();
 }
 
-void TCanvas::DesenharPreparada(int X, int Y, const QImage &Imagem) { Pintor().drawImage(QPoint(X, Y), Imagem); }
+void TCanvas::DesenharPreparada(int X, int Y, const QImage &Imagem)
+{
+    Pintor().drawImage(QPoint(X, Y), Imagem);
+}
 
 } // namespace Sibrel

@@ -7,9 +7,9 @@
 #include "plataforma/Font.h"
 #include "plataforma/Rect.h"
 
+#include <QBrush>
 #include <QFont>
 #include <QPen>
-#include <QBrush>
 
 #include <cstdint>
 #include <memory>
@@ -26,7 +26,15 @@ namespace Sibrel
 class TGraphic;
 
 /// Pen styles; the ordinals are those of figure files.
-enum class TPenStyle : std::uint8_t { psSolid, psDash, psDot, psDashDot, psDashDotDot, psClear, psInsideFrame };
+enum class TPenStyle : std::uint8_t {
+    psSolid,
+    psDash,
+    psDot,
+    psDashDot,
+    psDashDotDot,
+    psClear,
+    psInsideFrame
+};
 /// Brush styles; the ordinals are those of figure files.
 enum class TBrushStyle : std::uint8_t {
     bsSolid,
@@ -74,12 +82,12 @@ inline constexpr unsigned TA_BASELINE = 24;
 
 /// A surface to draw on, in logical pixels, with a state of its own that persists between calls.
 ///
-/// Stands on a QPainter that a host already has, on any paint device, or on a TBitmap. `Pen`, `Brush`, `Font`,
-/// `CopyMode` and `TextAlign` are the state: set them directly, they take effect at the next drawing call. Nothing is
-/// antialiased unless the host's painter asks for it; text is smoothed in grey levels.
+/// Stands on a QPainter that a host already has, on any paint device, or on a TBitmap. `Pen`, `Brush`,
+/// `Font`, `CopyMode` and `TextAlign` are the state: set them directly, they take effect at the next drawing
+/// call. Nothing is antialiased unless the host's painter asks for it; text is smoothed in grey levels.
 ///
-/// While a canvas stands on a host's painter the host leaves that painter's pen, brush and font alone; the canvas
-/// puts them back when it is destroyed. Used on the thread of its painter only.
+/// While a canvas stands on a host's painter the host leaves that painter's pen, brush and font alone; the
+/// canvas puts them back when it is destroyed. Used on the thread of its painter only.
 class SIBREL_EXPORT TCanvas
 {
 public:
@@ -101,17 +109,19 @@ public:
     int TextWidth(const QString &Texto) const;
     /// Height of a line in the present font (ascent plus descent), in whole logical pixels.
     int TextHeight(const QString &Texto) const;
-    /// How many measurements (TextWidth and TextHeight) this process has made; for proving that a cache spares them.
+    /// How many measurements (TextWidth and TextHeight) this process has made; for proving that a cache
+    /// spares them.
     static std::uint64_t Medidas() noexcept;
 
-    /// Writes one line at the reference point, by `TextAlign` and the font's Orientation, in the font's colour; a
-    /// Brush that is not clear fills the box behind it.
+    /// Writes one line at the reference point, by `TextAlign` and the font's Orientation, in the font's
+    /// colour; a Brush that is not clear fills the box behind it.
     void TextOut(int X, int Y, const QString &Texto);
     /// The same, clipped to `Area`.
     void TextRect(const TRect &Area, int X, int Y, const QString &Texto);
 
     void MoveTo(int X, int Y) noexcept { FAqui = {X, Y}; }
-    /// A line from the present position; its last point is not drawn, so that lines join without drawing it twice.
+    /// A line from the present position; its last point is not drawn, so that lines join without drawing it
+    /// twice.
     void LineTo(int X, int Y);
     /// An outline with the pen, filled with the brush; closed.
     void Polygon(std::span<const TPoint> Pontos);
@@ -125,22 +135,24 @@ public:
 
     /// Draws a picture at its own size, one picture pixel a logical pixel.
     void Draw(int X, int Y, const TGraphic &Grafico);
-    /// Draws a picture over the whole rectangle, by `CopyMode`. A rectangle with exchanged sides mirrors it, an
-    /// empty one draws nothing.
+    /// Draws a picture over the whole rectangle, by `CopyMode`. A rectangle with exchanged sides mirrors it,
+    /// an empty one draws nothing.
     void StretchDraw(const TRect &Area, const TGraphic &Grafico);
 
     /// The colour of a pixel, in physical pixels of an image surface; white where the surface cannot be read.
     TColor Pixel(int X, int Y) const;
     void AtribuirPixel(int X, int Y, TColor Cor);
 
-    /// Physical pixels a logical pixel when the surface is made of pixels and the painter neither scales, turns nor
-    /// shears, so that a picture prepared in that density lands pixel on pixel; nothing otherwise (a printer, a
-    /// transformed painter): draw directly then.
+    /// Physical pixels a logical pixel when the surface is made of pixels and the painter neither scales,
+    /// turns nor shears, so that a picture prepared in that density lands pixel on pixel; nothing otherwise
+    /// (a printer, a transformed painter): draw directly then.
     std::optional<double> DensidadeDePixels() const;
-    /// Draws an image prepared for DensidadeDePixels() with its top-left corner at (X, Y), blended by its alpha.
+    /// Draws an image prepared for DensidadeDePixels() with its top-left corner at (X, Y), blended by its
+    /// alpha.
     void DesenharPreparada(int X, int Y, const QImage &Imagem);
 
-    /// The painter below, for what this class does not offer. Its pen, brush and font are the canvas's business.
+    /// The painter below, for what this class does not offer. Its pen, brush and font are the canvas's
+    /// business.
     QPainter &Pintor();
 
 private:

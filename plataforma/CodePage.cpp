@@ -19,7 +19,8 @@ std::uint8_t ByteDe1252(char16_t C) noexcept
 {
     if (C >= 0xA0 && C <= 0xFF)
         return static_cast<std::uint8_t>(C);
-    // Only 0x80 to 0x9F differ from the code points: 32 entries, searched for the rare character that is there.
+    // Only 0x80 to 0x9F differ from the code points: 32 entries, searched for the rare character that is
+    // there.
     const auto Fim = Pagina1252.begin() + 32;
     const auto Lugar = std::find(Pagina1252.begin(), Fim, C);
     return Lugar != Fim ? static_cast<std::uint8_t>(0x80 + (Lugar - Pagina1252.begin())) : std::uint8_t{0};

@@ -49,7 +49,10 @@ TColor::TColor(const QColor &Cor) noexcept
 {
 }
 
-QColor TColor::ParaQColor() const { return QColor::fromRgb(ParaRgb()); }
+QColor TColor::ParaQColor() const
+{
+    return QColor::fromRgb(ParaRgb());
+}
 
 QRgb TColor::ParaRgb() const
 {

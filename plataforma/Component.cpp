@@ -23,8 +23,14 @@ TComponent::TComponent(QWidget *Dono)
 
 TComponent::~TComponent() = default;
 
-void TComponent::AtribuirEmProjeto(bool Valor) noexcept { FormEmProjeto = Valor; }
-bool TComponent::EmProjeto() noexcept { return FormEmProjeto; }
+void TComponent::AtribuirEmProjeto(bool Valor) noexcept
+{
+    FormEmProjeto = Valor;
+}
+bool TComponent::EmProjeto() noexcept
+{
+    return FormEmProjeto;
+}
 
 void TComponent::AtribuirIcone(const QIcon &Icone)
 {
@@ -32,10 +38,19 @@ void TComponent::AtribuirIcone(const QIcon &Icone)
     update();
 }
 
-void TComponent::setVisible(bool Visivel) { QWidget::setVisible(Visivel && EmProjeto()); }
+void TComponent::setVisible(bool Visivel)
+{
+    QWidget::setVisible(Visivel && EmProjeto());
+}
 
-QSize TComponent::sizeHint() const { return EmProjeto() ? QSize(LadoDoIcone, LadoDoIcone) : QSize(0, 0); }
-QSize TComponent::minimumSizeHint() const { return sizeHint(); }
+QSize TComponent::sizeHint() const
+{
+    return EmProjeto() ? QSize(LadoDoIcone, LadoDoIcone) : QSize(0, 0);
+}
+QSize TComponent::minimumSizeHint() const
+{
+    return sizeHint();
+}
 
 void TComponent::paintEvent(QPaintEvent *)
 {

@@ -11,9 +11,9 @@ namespace Sibrel
 
 /// A component without a picture of its own on the running form.
 ///
-/// It is a widget because form editors, generated form code and run-time form loaders all accept one, in layouts
-/// too; while the application runs it stays hidden whatever is asked of it. In a form editor it shows the palette
-/// icon, 28 x 28 pixels. Owner is the parent, which deletes it. GUI thread only.
+/// It is a widget because form editors, generated form code and run-time form loaders all accept one, in
+/// layouts too; while the application runs it stays hidden whatever is asked of it. In a form editor it shows
+/// the palette icon, 28 x 28 pixels. Owner is the parent, which deletes it. GUI thread only.
 class SIBREL_EXPORT TComponent : public QWidget
 {
     Q_OBJECT

@@ -25,8 +25,8 @@ void Exception::AcrescentarDetalhe(const QString &Fato)
     Detalhe += Fato;
 }
 
-// The destructors stand here so that each class has one type information record, in this library: an exception
-// must be caught by a host that was built apart.
+// The destructors stand here so that each class has one type information record, in this library: an
+// exception must be caught by a host that was built apart.
 Exception::~Exception() = default;
 EAbstractError::~EAbstractError() = default;
 EInvalidOperation::~EInvalidOperation() = default;

@@ -21,12 +21,13 @@ constexpr int PontosPorPolegada = 72;
 constexpr int PixelsPorPolegada = 96;
 // Beyond this the font engine's own numbers overflow.
 constexpr int MaiorEm = 32767;
+constexpr long long MaiorMedida = 1 << 20;
 
-// a * b / c, halves away from zero.
+// a * b / c, halves away from zero; what no font can have goes to the limit.
 int Proporcao(int A, int B, int C) noexcept
 {
     const long long Produto = std::llabs(static_cast<long long>(A)) * B;
-    const auto Modulo = static_cast<int>((2 * Produto + C) / (2 * C));
+    const auto Modulo = static_cast<int>(std::min((2 * Produto + C) / (2LL * C), MaiorMedida));
     return A < 0 ? -Modulo : Modulo;
 }
 
@@ -73,12 +74,30 @@ void TFont::Mudar(Campo &Onde, const Valor &Novo)
     FSelo = NovoSelo();
 }
 
-void TFont::AtribuirName(const QString &Nome) { Mudar(FName, Nome); }
-void TFont::AtribuirCharset(std::uint8_t Charset) { Mudar(FCharset, Charset); }
-void TFont::AtribuirHeight(int Pixels) { Mudar(FHeight, Pixels); }
-void TFont::AtribuirSize(int Pontos) { AtribuirHeight(HeightDeSize(Pontos)); }
-void TFont::AtribuirColor(TColor Cor) { Mudar(FColor, Cor); }
-void TFont::AtribuirOrientation(int Decimos) { Mudar(FOrientation, Decimos); }
+void TFont::AtribuirName(const QString &Nome)
+{
+    Mudar(FName, Nome);
+}
+void TFont::AtribuirCharset(std::uint8_t Charset)
+{
+    Mudar(FCharset, Charset);
+}
+void TFont::AtribuirHeight(int Pixels)
+{
+    Mudar(FHeight, Pixels);
+}
+void TFont::AtribuirSize(int Pontos)
+{
+    AtribuirHeight(HeightDeSize(Pontos));
+}
+void TFont::AtribuirColor(TColor Cor)
+{
+    Mudar(FColor, Cor);
+}
+void TFont::AtribuirOrientation(int Decimos)
+{
+    Mudar(FOrientation, Decimos);
+}
 
 void TFont::AtribuirStyle(TFontStyle Estilo, bool Ligado)
 {
@@ -86,8 +105,14 @@ void TFont::AtribuirStyle(TFontStyle Estilo, bool Ligado)
     Mudar(FStyle, static_cast<std::uint8_t>(Ligado ? (FStyle | Bit) : (FStyle & ~Bit)));
 }
 
-int TFont::SizeDeHeight(int Pixels) noexcept { return -Proporcao(Pixels, PontosPorPolegada, PixelsPorPolegada); }
-int TFont::HeightDeSize(int Pontos) noexcept { return -Proporcao(Pontos, PixelsPorPolegada, PontosPorPolegada); }
+int TFont::SizeDeHeight(int Pixels) noexcept
+{
+    return -Proporcao(Pixels, PontosPorPolegada, PixelsPorPolegada);
+}
+int TFont::HeightDeSize(int Pontos) noexcept
+{
+    return -Proporcao(Pontos, PixelsPorPolegada, PontosPorPolegada);
+}
 
 QFont TFont::ParaQFont() const
 {
@@ -128,9 +153,9 @@ QString TFont::TextoParaDesenhar(const QString &Texto) const
 
 bool operator==(const TFont &A, const TFont &B) noexcept
 {
-    return A.FSelo == B.FSelo
-           || (A.FName == B.FName && A.FHeight == B.FHeight && A.FColor == B.FColor && A.FCharset == B.FCharset
-               && A.FStyle == B.FStyle && A.FOrientation == B.FOrientation);
+    return A.FSelo == B.FSelo ||
+           (A.FName == B.FName && A.FHeight == B.FHeight && A.FColor == B.FColor &&
+            A.FCharset == B.FCharset && A.FStyle == B.FStyle && A.FOrientation == B.FOrientation);
 }
 
 } // namespace Sibrel

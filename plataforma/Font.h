@@ -16,13 +16,13 @@ enum class TFontStyle : std::uint8_t { fsBold = 1, fsItalic = 2, fsUnderline = 4
 
 /// A font as symbols and figures hold it: a value.
 ///
-/// Height (pixels) and Size (points) are two views of one number: Size = -round(Height * 72 / 96), halves away from
-/// zero, at 96 pixels an inch always; screens of high density come in by the device pixel ratio. A negative Height
-/// is the height of the em (the usual case, a positive Size); a positive one is that of the cell, ascent plus
-/// descent (a negative Size).
+/// Height (pixels) and Size (points) are two views of one number: Size = -round(Height * 72 / 96), halves
+/// away from zero, at 96 pixels an inch always; screens of high density come in by the device pixel ratio. A
+/// negative Height is the height of the em (the usual case, a positive Size); a positive one is that of the
+/// cell, ascent plus descent (a negative Size).
 ///
-/// Every value of the attributes has a stamp (`Selo`): two fonts with the same stamp are equal, so that caches
-/// compare one number. Not synchronised.
+/// Every value of the attributes has a stamp (`Selo`): two fonts with the same stamp are equal, so that
+/// caches compare one number. Not synchronised.
 class SIBREL_EXPORT TFont
 {
 public:
@@ -54,15 +54,16 @@ public:
     static int SizeDeHeight(int Pixels) noexcept;
     static int HeightDeSize(int Pontos) noexcept;
 
-    /// The same font for a QPainter, without its colour and rotation. Text is never smoothed by sub-pixels and never
-    /// hinted, so that widths grow evenly with the size. Needs a QGuiApplication.
+    /// The same font for a QPainter, without its colour and rotation. Text is never smoothed by sub-pixels
+    /// and never hinted, so that widths grow evenly with the size. Needs a QGuiApplication.
     QFont ParaQFont() const;
 
-    /// The text of the one glyph with the code `Codigo` in this font: by its charset; for a symbol font the glyph at
-    /// U+F000 + code or, when the font has none there, the plain code. Needs a QGuiApplication.
+    /// The text of the one glyph with the code `Codigo` in this font: by its charset; for a symbol font the
+    /// glyph at U+F000 + code or, when the font has none there, the plain code. Needs a QGuiApplication.
     QString TextoDoCodigo(std::uint8_t Codigo) const;
 
-    /// The text to draw for `Texto`: characters below 256 become the codes of a symbol font, else it is unchanged.
+    /// The text to draw for `Texto`: characters below 256 become the codes of a symbol font, else it is
+    /// unchanged.
     QString TextoParaDesenhar(const QString &Texto) const;
 
     std::uint64_t Selo() const noexcept { return FSelo; }

@@ -16,6 +16,9 @@ void TGraphic::AtribuirTransparent(bool Valor)
     Mudou();
 }
 
-void TGraphic::Mudou() noexcept { FSelo = NovoSelo(); }
+void TGraphic::Mudou() noexcept
+{
+    FSelo = NovoSelo();
+}
 
 } // namespace Sibrel

@@ -4,9 +4,9 @@
 namespace Sibrel
 {
 
-/// Start and stop of one module, guarded by a counter: however many times it is pulled in, its start runs once, and
-/// its stop runs when the last user lets go. A stop without a start does nothing. From one thread only: modules
-/// start and stop with the library.
+/// Start and stop of one module, guarded by a counter: however many times it is pulled in, its start runs
+/// once, and its stop runs when the last user lets go. A stop without a start does nothing. From one thread
+/// only: modules start and stop with the library.
 class TModulo
 {
 public:

@@ -11,7 +11,8 @@
 namespace Sibrel
 {
 
-/// Reads a picture file into a graphic of the class that fits its format: the formats that Qt reads on this machine.
+/// Reads a picture file into a graphic of the class that fits its format: the formats that Qt reads on this
+/// machine.
 ///
 /// EInvalidGraphic when the format is unknown or the content damaged, with the reader's words in `Detalhe`.
 /// The name is resolved like every file name (Arquivo.h).

@@ -33,8 +33,8 @@ struct TPoint {
 
 /// A rectangle whose right and bottom edges are exclusive: its width is Right - Left.
 ///
-/// QRect counts its last pixel as inside (`QRect::right()` is one less); the two are never mixed, only converted.
-/// The differences are computed in 64 bits, so that no pair of sides overflows.
+/// QRect counts its last pixel as inside (`QRect::right()` is one less); the two are never mixed, only
+/// converted. The differences are computed in 64 bits, so that no pair of sides overflows.
 struct TRect {
     std::int32_t Left = 0;
     std::int32_t Top = 0;
@@ -42,7 +42,8 @@ struct TRect {
     std::int32_t Bottom = 0;
 
     constexpr TRect() noexcept = default;
-    constexpr TRect(std::int32_t Esquerda, std::int32_t Topo, std::int32_t Direita, std::int32_t Base) noexcept
+    constexpr TRect(std::int32_t Esquerda, std::int32_t Topo, std::int32_t Direita,
+                    std::int32_t Base) noexcept
         : Left(Esquerda)
         , Top(Topo)
         , Right(Direita)

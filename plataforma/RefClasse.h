@@ -10,8 +10,9 @@ namespace Sibrel
 
 /// Reference to a class derived from `Base`: its identity, its name and its virtual constructor.
 ///
-/// A value as cheap to copy as a pointer. Equal references name exactly the same class; a derived class is another
-/// one. The arguments `Args` are those of the virtual constructor. The default value refers to no class.
+/// A value as cheap to copy as a pointer. Equal references name exactly the same class; a derived class is
+/// another one. The arguments `Args` are those of the virtual constructor. The default value refers to no
+/// class.
 template <class Base, class... Args>
 class RefClasse
 {
@@ -40,8 +41,8 @@ public:
     friend bool operator==(const RefClasse &A, const RefClasse &B) noexcept
     {
         // The same class seen from a host and from the library may have two records: its type is what counts.
-        return A.FDados == B.FDados
-               || (A.FDados != nullptr && B.FDados != nullptr && *A.FDados->Tipo == *B.FDados->Tipo);
+        return A.FDados == B.FDados ||
+               (A.FDados != nullptr && B.FDados != nullptr && *A.FDados->Tipo == *B.FDados->Tipo);
     }
 
 private:
@@ -76,8 +77,9 @@ private:
 ///     };
 ///
 /// The root of the family declares `using RefDeClasse = RefClasse<Root, ...>` and a pure virtual
-/// `RefDeClasse ObterClasse() const`. A class below that forgets ComClasse keeps its parent's `ClasseDeclarada`,
-/// and then taking its reference does not compile: a copy can never be made of the wrong class in silence.
+/// `RefDeClasse ObterClasse() const`. A class below that forgets ComClasse keeps its parent's
+/// `ClasseDeclarada`, and then taking its reference does not compile: a copy can never be made of the wrong
+/// class in silence.
 template <class Derivada, class Mae>
 class ComClasse : public Mae
 {

@@ -23,7 +23,10 @@ std::atomic<char16_t> &Separador() noexcept
 
 } // namespace
 
-QChar SeparadorDecimal() noexcept { return Separador().load(std::memory_order_relaxed); }
+QChar SeparadorDecimal() noexcept
+{
+    return Separador().load(std::memory_order_relaxed);
+}
 
 void AtribuirSeparadorDecimal(QChar Valor) noexcept
 {
@@ -35,7 +38,8 @@ QString FormatarDecimal(double Valor, int Casas)
     // The conversion rounds an exact half to even; a reader of reports expects 0.125 as 0.13.
     const double Escala = std::pow(10.0, Casas);
     const double Escalado = Valor * Escala;
-    const bool MeioExato = std::abs(Escalado - std::trunc(Escalado)) == 0.5 && std::fma(Valor, Escala, -Escalado) == 0.0;
+    const bool MeioExato =
+        std::abs(Escalado - std::trunc(Escalado)) == 0.5 && std::fma(Valor, Escala, -Escalado) == 0.0;
     QString Texto = QString::number(MeioExato ? std::round(Escalado) / Escala : Valor, 'f', Casas);
     return Texto.replace(u'.', SeparadorDecimal());
 }

@@ -9,8 +9,8 @@
 namespace Sibrel
 {
 
-/// The process-wide decimal separator of texts that follow the locale. First the system locale's; whoever sets it
-/// sets it for the whole process. May be read and set from any thread.
+/// The process-wide decimal separator of texts that follow the locale. First the system locale's; whoever
+/// sets it sets it for the whole process. May be read and set from any thread.
 SIBREL_EXPORT QChar SeparadorDecimal() noexcept;
 SIBREL_EXPORT void AtribuirSeparadorDecimal(QChar Separador) noexcept;
 

@@ -121,9 +121,15 @@ QStringList TStrings::ParaQStringList() const
     return Linhas;
 }
 
-void TStrings::LoadFromFile(const QString &Arquivo) { AtribuirText(TextoDeArquivo(LerArquivoInteiro(Arquivo))); }
+void TStrings::LoadFromFile(const QString &Arquivo)
+{
+    AtribuirText(TextoDeArquivo(LerArquivoInteiro(Arquivo)));
+}
 
-void TStrings::SaveToFile(const QString &Arquivo) const { GravarArquivoInteiro(Arquivo, Exigir1252(Text())); }
+void TStrings::SaveToFile(const QString &Arquivo) const
+{
+    GravarArquivoInteiro(Arquivo, Exigir1252(Text()));
+}
 
 TStringList::TStringList(QStringList Linhas)
     : FLinhas(std::move(Linhas))
@@ -144,7 +150,10 @@ TStringList &TStringList::operator=(const TStringList &Outra)
     return *this;
 }
 
-QString TStringList::Linha(int Indice) const { return FLinhas[Verificado(Indice, FLinhas.size())]; }
+QString TStringList::Linha(int Indice) const
+{
+    return FLinhas[Verificado(Indice, FLinhas.size())];
+}
 
 void TStringList::AtribuirLinha(int Indice, const QString &Texto)
 {

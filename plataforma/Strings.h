@@ -17,9 +17,10 @@ SIBREL_EXPORT bool MesmoTexto(QStringView A, QStringView B) noexcept;
 
 /// A list of lines, some of which may be "name=value" pairs.
 ///
-/// The abstract base: what holds the lines is the derived class's business. Names are everything before the first
-/// "=" of a line and are compared without regard to letter case; a line without "=" has an empty name and is never
-/// found by name. Index errors raise EStringListError. Not synchronised.
+/// The abstract base: what holds the lines is the derived class's business. Names are everything before the
+/// first
+/// "=" of a line and are compared without regard to letter case; a line without "=" has an empty name and is
+/// never found by name. Index errors raise EStringListError. Not synchronised.
 class SIBREL_EXPORT TStrings
 {
 public:

@@ -3,10 +3,7 @@
 
 #include "simbolos/TabelaDeSimbolos.h"
 
-#include <algorithm>
 #include <array>
-#include <exception>
-#include <ranges>
 
 namespace Sibrel
 {
@@ -24,11 +21,14 @@ namespace
 struct TPartida {
     TPartida()
     {
-        std::ranges::for_each(ModulosDoPacote(), [](TModulo *M) { M->Iniciar(); });
+        for (TModulo *Modulo : ModulosDoPacote())
+            Modulo->Iniciar();
     }
     ~TPartida()
     {
-        std::ranges::for_each(ModulosDoPacote() | std::views::reverse, [](TModulo *M) { M->Parar(); });
+        const auto Modulos = ModulosDoPacote();
+        for (auto M = Modulos.rbegin(); M != Modulos.rend(); ++M)
+            (*M)->Parar();
     }
     TPartida(const TPartida &) = delete;
     TPartida &operator=(const TPartida &) = delete;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The package module: the table that starts the modules when the library is loaded and stops them at its unload.
+// The package module: the table that starts the modules when the library is loaded and stops them at its
+// unload.
 #pragma once
 
 #include "plataforma/Exportacao.h"

@@ -44,9 +44,9 @@ std::uint8_t EstiloDe(const TFont &Fonte) noexcept
 
 // Fits one measure (the glyph's width or its line's height) to a limit, on the canvas whose font it changes.
 //
-// The rule is: while the measure is below the limit the size grows by one point, then while it is above it shrinks by
-// one. A measure grows evenly with the size, so the place where the steps would end is estimated from the last
-// measure and then closed in on: a handful of measures instead of one a step.
+// The rule is: while the measure is below the limit the size grows by one point, then while it is above it
+// shrinks by one. A measure grows evenly with the size, so the place where the steps would end is estimated
+// from the last measure and then closed in on: a handful of measures instead of one a step.
 class TAjustador
 {
 public:
@@ -60,7 +60,8 @@ public:
     {
     }
 
-    /// The size reached, which the canvas's font then has; 0, and the font as it was, when there is nothing to fit.
+    /// The size reached, which the canvas's font then has; 0, and the font as it was, when there is nothing
+    /// to fit.
     int Ajustar()
     {
         if ((FCanvas.*FMedir)(FTexto) <= 0)
@@ -164,7 +165,10 @@ void CriarBitmapDeMedida()
         Superficie = std::make_unique<TBitmap>().release();
 }
 
-void LiberarBitmapDeMedida() noexcept { std::unique_ptr<TBitmap>(std::exchange(Superficie, nullptr)).reset(); }
+void LiberarBitmapDeMedida() noexcept
+{
+    std::unique_ptr<TBitmap>(std::exchange(Superficie, nullptr)).reset();
+}
 
 TBitmap &BitmapDeMedida()
 {

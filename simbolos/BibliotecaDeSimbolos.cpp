@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The symbol library file: a count line, then one record a symbol. Each record is a kind name in ten columns, a quoted
-// label and the fields of the kind, which its handler reads and writes.
+// The symbol library file: a count line, then one record a symbol. Each record is a kind name in ten columns,
+// a quoted label and the fields of the kind, which its handler reads and writes.
 #include "lumbrix/ReadSeparador.h"
 #include "plataforma/Arquivo.h"
 #include "plataforma/ArquivoTexto.h"
@@ -26,8 +26,8 @@ QString EntreAspas(QString Texto)
     return u'"' + Texto.replace(QLatin1String("\""), QLatin1String("\"\"")) + u'"';
 }
 
-// The label of a record: without the first and last character when it begins with a quote. Quotes doubled inside stay
-// doubled, as readers of these libraries have always had them.
+// The label of a record: without the first and last character when it begins with a quote. Quotes doubled
+// inside stay doubled, as readers of these libraries have always had them.
 QString LerRotulo(TArquivoDeLeitura &Arquivo)
 {
     QString Rotulo = ReadSeparador(Arquivo, u"\t =");
@@ -89,8 +89,8 @@ void TTabelaDeSimbolos::LerRegistro(TArquivoDeLeitura &Arquivo)
     const QString Tipo = SemBrancos(Arquivo.LerCaracteres(ColunasDoTipo));
     TRefTratador ClasseDoTratador;
     TRefSimbolo ClasseDoSimbolo;
-    if (!TListaSimbolo::ObterTratadorDeSimbolo(Tipo, ClasseDoTratador, ClasseDoSimbolo) || !ClasseDoTratador
-        || !ClasseDoSimbolo)
+    if (!TListaSimbolo::ObterTratadorDeSimbolo(Tipo, ClasseDoTratador, ClasseDoSimbolo) ||
+        !ClasseDoTratador || !ClasseDoSimbolo)
         throw EInvalidOperation(NaoRegistrado(Tipo), Onde);
     std::unique_ptr<ISimbolo> Simbolo = ClasseDoSimbolo.Criar();
     const std::unique_ptr<TTratadorDeSimbolo> Tratador = ClasseDoTratador.Criar(this);
@@ -132,11 +132,12 @@ void TTabelaDeSimbolos::GravarRegistros(TArquivoDeGravacao &Arquivo)
     for (int I = 0; I < FSimbolos->Count(); ++I) {
         const ISimbolo *Simbolo = FSimbolos->Item(I);
         TRefTratador Tratador;
-        if (Simbolo == nullptr || !TListaSimbolo::ObterTratadorDeSimbolo(Simbolo->ObterClasse(), Tipo, Tratador)
-            || !Tratador)
+        if (Simbolo == nullptr ||
+            !TListaSimbolo::ObterTratadorDeSimbolo(Simbolo->ObterClasse(), Tipo, Tratador) || !Tratador)
             throw EInvalidOperation(NaoRegistrado(Tipo), QStringLiteral("Símbolo %1.").arg(I));
         const QString Rotulo = FRotulos.Linha(I);
-        Arquivo.Escrever(AEsquerda(Tipo, ColunasDoTipo) + u' ' + AEsquerda(EntreAspas(Rotulo), ColunasDoRotulo));
+        Arquivo.Escrever(AEsquerda(Tipo, ColunasDoTipo) + u' ' +
+                         AEsquerda(EntreAspas(Rotulo), ColunasDoRotulo));
         Tratador.Criar(this)->Gravar(Arquivo, *Simbolo);
     }
 }

@@ -71,7 +71,8 @@ QRect AreaVisivel(const QImage &Imagem)
             continue;
         const auto *Ultimo =
             std::find_if(std::reverse_iterator(Fim), std::reverse_iterator(Inicio), Visivel).base() - 1;
-        Area |= QRect(QPoint(static_cast<int>(Primeiro - Inicio), Y), QPoint(static_cast<int>(Ultimo - Inicio), Y));
+        Area |= QRect(QPoint(static_cast<int>(Primeiro - Inicio), Y),
+                      QPoint(static_cast<int>(Ultimo - Inicio), Y));
     }
     return Area;
 }
@@ -86,8 +87,8 @@ bool Opaca(const QImage &Imagem)
     return true;
 }
 
-// Cuts the margins that show nothing (whole logical pixels, so that the picture stays on the grid) and drops an
-// alpha that says nothing: both make the blit that follows shorter.
+// Cuts the margins that show nothing (whole logical pixels, so that the picture stays on the grid) and drops
+// an alpha that says nothing: both make the blit that follows shorter.
 void Enxugar(TPintura &Pintura, int Densidade)
 {
     const QRect Visivel = AreaVisivel(Pintura.Imagem);
@@ -147,11 +148,11 @@ bool DesenharLembrada(TCanvas &Canvas, const TRect &Rect, const TPinturaPedida &
             return false;
         if (Largura < 1 || Altura < 1)
             return true;
-        std::unique_ptr<TPintura> Nova =
-            Preparar(Rect, Pedida, Caneta, QSize(static_cast<int>(Largura), static_cast<int>(Altura)), Pintar);
+        std::unique_ptr<TPintura> Nova = Preparar(
+            Rect, Pedida, Caneta, QSize(static_cast<int>(Largura), static_cast<int>(Altura)), Pintar);
         ++E.Preparadas;
-        const qsizetype Custo = Nova->Imagem.sizeInBytes() + qsizetype{sizeof(TPintura)}
-                                + Nova->Dependencias.size() * qsizetype{sizeof(TChaveDePintura)};
+        const qsizetype Custo = Nova->Imagem.sizeInBytes() + qsizetype{sizeof(TPintura)} +
+                                Nova->Dependencias.size() * qsizetype{sizeof(TChaveDePintura)};
         Pintura = Nova.get();
         E.Pinturas.insert(Pedida.Chaves.front(), Nova.release(), Custo); // the cache owns it from here
     }
@@ -161,10 +162,22 @@ bool DesenharLembrada(TCanvas &Canvas, const TRect &Rect, const TPinturaPedida &
     return true;
 }
 
-qsizetype TCacheDePinturas::Bytes() noexcept { return Estado().Pinturas.totalCost(); }
-qsizetype TCacheDePinturas::Quantas() noexcept { return Estado().Pinturas.size(); }
-std::uint64_t TCacheDePinturas::Preparadas() noexcept { return Estado().Preparadas; }
-void TCacheDePinturas::Esvaziar() noexcept { Estado().Pinturas.clear(); }
+qsizetype TCacheDePinturas::Bytes() noexcept
+{
+    return Estado().Pinturas.totalCost();
+}
+qsizetype TCacheDePinturas::Quantas() noexcept
+{
+    return Estado().Pinturas.size();
+}
+std::uint64_t TCacheDePinturas::Preparadas() noexcept
+{
+    return Estado().Preparadas;
+}
+void TCacheDePinturas::Esvaziar() noexcept
+{
+    Estado().Pinturas.clear();
+}
 
 std::uint64_t TCacheDePinturas::GeracaoDasFontes()
 {

@@ -14,16 +14,16 @@
 namespace Sibrel
 {
 
-/// Everything that one prepared picture depends on. Stamps (`Selo`) never repeat, so that equal keys mean equal
-/// pixels; a key whose symbol is gone is never asked for again and ages out.
+/// Everything that one prepared picture depends on. Stamps (`Selo`) never repeat, so that equal keys mean
+/// equal pixels; a key whose symbol is gone is never asked for again and ages out.
 struct TChaveDePintura {
     std::uint64_t Conteudo = 0; ///< stamp of what is drawn
     std::uint64_t Variante = 0; ///< what else selects the picture, as the kind of symbol means it
     std::int32_t Largura = 0;   ///< of the rectangle, logical pixels
     std::int32_t Altura = 0;
     std::uint32_t Codigo = 0;
-    QRgb Cor = 0;          ///< of the caller's pen, 0 when it plays no part
-    double Densidade = 1;  ///< physical pixels a logical pixel
+    QRgb Cor = 0;         ///< of the caller's pen, 0 when it plays no part
+    double Densidade = 1; ///< physical pixels a logical pixel
 
     friend bool operator==(const TChaveDePintura &, const TChaveDePintura &) noexcept = default;
 };
@@ -38,11 +38,11 @@ struct TPinturaPedida {
 
 /// The picture of `Pedida`, prepared by `Pintar` when it is not remembered, drawn where it stands.
 ///
-/// `Pintar` draws on the canvas that it is given, in the coordinates of the caller's; its canvas starts with the pen
-/// `Caneta`. False, and nothing drawn, when the surface does not show pixels one to one or the picture would be too
-/// large: the caller then draws directly. GUI thread only.
-SIBREL_EXPORT bool DesenharLembrada(TCanvas &Canvas, const TRect &Rect, const TPinturaPedida &Pedida, const TPen &Caneta,
-                                    const std::function<void(TCanvas &)> &Pintar);
+/// `Pintar` draws on the canvas that it is given, in the coordinates of the caller's; its canvas starts with
+/// the pen `Caneta`. False, and nothing drawn, when the surface does not show pixels one to one or the
+/// picture would be too large: the caller then draws directly. GUI thread only.
+SIBREL_EXPORT bool DesenharLembrada(TCanvas &Canvas, const TRect &Rect, const TPinturaPedida &Pedida,
+                                    const TPen &Caneta, const std::function<void(TCanvas &)> &Pintar);
 
 /// Limits and state of what is remembered, for hosts that want to know and for tests.
 struct SIBREL_EXPORT TCacheDePinturas {
@@ -56,7 +56,8 @@ struct SIBREL_EXPORT TCacheDePinturas {
     /// How many pictures had to be prepared since the process began.
     static std::uint64_t Preparadas() noexcept;
     static void Esvaziar() noexcept;
-    /// A number that changes when the fonts of the application do: what depends on fonts keeps it with its results.
+    /// A number that changes when the fonts of the application do: what depends on fonts keeps it with its
+    /// results.
     static std::uint64_t GeracaoDasFontes();
 };
 

@@ -45,6 +45,9 @@ bool TListaSimbolo::ObterTratadorDeSimbolo(const TRefSimbolo &Simbolo, QString &
     return true;
 }
 
-void TListaSimbolo::RemoverRegistroTratadorDeSimbolo(const QString &Tipo) { RegistroDeTratadores().Remover(Tipo); }
+void TListaSimbolo::RemoverRegistroTratadorDeSimbolo(const QString &Tipo)
+{
+    RegistroDeTratadores().Remover(Tipo);
+}
 
 } // namespace Sibrel

@@ -32,18 +32,21 @@ public:
             static_cast<void>(&RefClasse<ISimbolo>::De<T>);
         return TObjectList::Add(std::move(Simbolo));
     }
-    /// Appends a deep copy of every symbol of `Lista`, which may be this one: the copies then follow the symbols
-    /// that were there.
+    /// Appends a deep copy of every symbol of `Lista`, which may be this one: the copies then follow the
+    /// symbols that were there.
     void Add(TListaSimbolo &Lista);
 
     ISimbolo *ObterSimbolo(int Indice) const { return Item(Indice); }
     /// The symbol that stood there is freed.
-    void AtribuirSimbolo(int Indice, std::unique_ptr<ISimbolo> Simbolo) { SetItem(Indice, std::move(Simbolo)); }
+    void AtribuirSimbolo(int Indice, std::unique_ptr<ISimbolo> Simbolo)
+    {
+        SetItem(Indice, std::move(Simbolo));
+    }
 
     virtual void DoChange();
 
-    /// Registers the kind `Tipo` with its handler and symbol classes, behind those that are there. EInvalidOperation
-    /// when the name is taken, whatever its letter case; nothing has changed then.
+    /// Registers the kind `Tipo` with its handler and symbol classes, behind those that are there.
+    /// EInvalidOperation when the name is taken, whatever its letter case; nothing has changed then.
     static void RegistrarTratadorDeSimbolo(const QString &Tipo, const TRefTratador &Tratador,
                                            const TRefSimbolo &Simbolo);
     /// By kind name, whatever its letter case. Not found: false, `Tratador` none, `Simbolo` as it was.

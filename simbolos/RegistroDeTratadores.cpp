@@ -18,7 +18,8 @@ constinit TRegistroDeTratadores *Registro = nullptr; // owned; from module start
 
 } // namespace
 
-void TRegistroDeTratadores::Registrar(const QString &Tipo, const TRefTratador &Tratador, const TRefSimbolo &Simbolo)
+void TRegistroDeTratadores::Registrar(const QString &Tipo, const TRefTratador &Tratador,
+                                      const TRefSimbolo &Simbolo)
 {
     if (PeloTipo(Tipo) != nullptr)
         throw EInvalidOperation(
@@ -33,16 +34,16 @@ void TRegistroDeTratadores::Remover(const QString &Tipo)
 
 const TRegistroTratador *TRegistroDeTratadores::PeloTipo(const QString &Tipo) const noexcept
 {
-    const auto Achado = std::find_if(FRegistros.begin(), FRegistros.end(),
-                                     [&Tipo](const TRegistroTratador &R) { return MesmoTexto(R.Tipo, Tipo); });
+    const auto Achado =
+        std::find_if(FRegistros.begin(), FRegistros.end(),
+                     [&Tipo](const TRegistroTratador &R) { return MesmoTexto(R.Tipo, Tipo); });
     return Achado != FRegistros.end() ? &*Achado : nullptr;
 }
 
 const TRegistroTratador *TRegistroDeTratadores::PelaClasse(const TRefSimbolo &Simbolo) const noexcept
 {
-    const auto Achado =
-        std::find_if(FRegistros.begin(), FRegistros.end(),
-                     [&Simbolo](const TRegistroTratador &R) { return R.Simbolo == Simbolo; });
+    const auto Achado = std::find_if(FRegistros.begin(), FRegistros.end(),
+                                     [&Simbolo](const TRegistroTratador &R) { return R.Simbolo == Simbolo; });
     return Achado != FRegistros.end() ? &*Achado : nullptr;
 }
 

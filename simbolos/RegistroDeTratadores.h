@@ -43,8 +43,8 @@ private:
     std::vector<TRegistroTratador> FRegistros;
 };
 
-/// The process-wide registry; it lives from the start of the module `TabelaDeSimbolos` to its stop, outside of which
-/// asking for it raises EInvalidOperation.
+/// The process-wide registry; it lives from the start of the module `TabelaDeSimbolos` to its stop, outside
+/// of which asking for it raises EInvalidOperation.
 SIBREL_EXPORT TRegistroDeTratadores &RegistroDeTratadores();
 void CriarRegistroDeTratadores();
 void LiberarRegistroDeTratadores() noexcept;

@@ -22,8 +22,9 @@ std::optional<QPoint> PixelDeOrigem(const QImage &Origem, std::int32_t DX, std::
 {
     const double D = std::sqrt(static_cast<double>(DX * DX + DY * DY));
     const double A = std::atan2(static_cast<double>(DY), static_cast<double>(DX));
-    const QPoint P(Arredondar(Origem.width() / 2 + D * std::cos(A - Angulo)), // NOLINT(bugprone-integer-division)
-                   Arredondar(Origem.height() / 2 + D * std::sin(A - Angulo))); // NOLINT(bugprone-integer-division)
+    const QPoint P(
+        Arredondar(Origem.width() / 2 + D * std::cos(A - Angulo)),   // NOLINT(bugprone-integer-division)
+        Arredondar(Origem.height() / 2 + D * std::sin(A - Angulo))); // NOLINT(bugprone-integer-division)
     return Origem.valid(P) ? std::optional(P) : std::nullopt;
 }
 
@@ -37,11 +38,13 @@ std::pair<std::int32_t, std::int32_t> Alcancado(std::int64_t Tamanho, int Raio)
 
 } // namespace
 
-void DesenharRotacionada(TCanvas &Canvas, const TRect &Rect, const QImage &Origem, TColor Transparente, double Angulo)
+void DesenharRotacionada(TCanvas &Canvas, const TRect &Rect, const QImage &Origem, TColor Transparente,
+                         double Angulo)
 {
     if (Rect.Vazio() || Origem.isNull() || !std::isfinite(Angulo))
         return;
-    // No pixel further from the centre than the picture's own corners can show it: a large rectangle costs no more.
+    // No pixel further from the centre than the picture's own corners can show it: a large rectangle costs no
+    // more.
     const int Raio = static_cast<int>(std::ceil(std::hypot(Origem.width(), Origem.height()) / 2)) + 2;
     const auto [X0, X1] = Alcancado(Rect.Width(), Raio);
     const auto [Y0, Y1] = Alcancado(Rect.Height(), Raio);

@@ -11,8 +11,10 @@ namespace Sibrel
 
 class TCanvas;
 
-/// Paints `Origem`, turned clockwise by `Angulo` radians around its centre, into `Rect`, whose centre it takes: one
-/// source pixel a canvas pixel, the nearest one; pixels of the colour `Transparente` leave the canvas as it is.
-void DesenharRotacionada(TCanvas &Canvas, const TRect &Rect, const QImage &Origem, TColor Transparente, double Angulo);
+/// Paints `Origem`, turned clockwise by `Angulo` radians around its centre, into `Rect`, whose centre it
+/// takes: one source pixel a canvas pixel, the nearest one; pixels of the colour `Transparente` leave the
+/// canvas as it is.
+void DesenharRotacionada(TCanvas &Canvas, const TRect &Rect, const QImage &Origem, TColor Transparente,
+                         double Angulo);
 
 } // namespace Sibrel

@@ -6,7 +6,10 @@ namespace Sibrel
 
 ISimbolo::~ISimbolo() = default;
 
-bool ISimbolo::PedirPintura(TCanvas &, const TRect &, double, TPinturaPedida &) { return false; }
+bool ISimbolo::PedirPintura(TCanvas &, const TRect &, double, TPinturaPedida &)
+{
+    return false;
+}
 
 std::unique_ptr<ISimbolo> Copia(ISimbolo &Simbolo)
 {

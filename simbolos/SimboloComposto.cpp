@@ -35,12 +35,14 @@ void TSimboloComposto::Assign(ISimbolo &Origem)
     Lista.Add(De->Lista);
 }
 
-bool TSimboloComposto::PedirPintura(TCanvas &Canvas, const TRect &Rect, double Densidade, TPinturaPedida &Pedida)
+bool TSimboloComposto::PedirPintura(TCanvas &Canvas, const TRect &Rect, double Densidade,
+                                    TPinturaPedida &Pedida)
 {
     if (Rect.Vazio())
         return false;
-    Pedida.Chaves.append({FSelo, 0, static_cast<std::int32_t>(Rect.Width()), static_cast<std::int32_t>(Rect.Height()),
-                          static_cast<std::uint32_t>(Lista.Count()), 0, Densidade});
+    Pedida.Chaves.append({FSelo, 0, static_cast<std::int32_t>(Rect.Width()),
+                          static_cast<std::int32_t>(Rect.Height()), static_cast<std::uint32_t>(Lista.Count()),
+                          0, Densidade});
     TRect Alcance = Rect;
     for (const auto &Parte : Lista) {
         if (!Parte)
@@ -65,10 +67,10 @@ void TSimboloComposto::Desenhar(TCanvas &Canvas, const TRect &Rect)
     const TFont Font = Canvas.Font;
     const unsigned Alinhamento = Canvas.TextAlign;
     TPinturaPedida Pedida;
-    // Asking the parts also brings the canvas into the state that they leave: a glyph above a figure takes the
-    // figure's last pen.
-    if (PedirPintura(Canvas, Rect, *Densidade, Pedida)
-        && DesenharLembrada(Canvas, Rect, Pedida, Pen, [&](TCanvas &C) { DesenharPartes(C, Rect); }))
+    // Asking the parts also brings the canvas into the state that they leave: a glyph above a figure takes
+    // the figure's last pen.
+    if (PedirPintura(Canvas, Rect, *Densidade, Pedida) &&
+        DesenharLembrada(Canvas, Rect, Pedida, Pen, [&](TCanvas &C) { DesenharPartes(C, Rect); }))
         return;
     Canvas.Pen = Pen;
     Canvas.Brush = Brush;

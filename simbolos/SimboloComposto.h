@@ -31,7 +31,8 @@ public:
 private:
     void DesenharPartes(TCanvas &Canvas, const TRect &Rect) const;
 
-    std::uint64_t FSelo = NovoSelo(); // finds this composite's picture; what it depends on are the parts' keys
+    std::uint64_t FSelo =
+        NovoSelo(); // finds this composite's picture; what it depends on are the parts' keys
 };
 
 } // namespace Sibrel

@@ -28,8 +28,8 @@ void TSimboloFonte::Assign(ISimbolo &Origem)
 bool TSimboloFonte::PedirPintura(TCanvas &Canvas, const TRect &Rect, double Densidade, TPinturaPedida &Pedida)
 {
     Pedida.Chaves.append({Fonte.Selo(), std::bit_cast<std::uint64_t>(Proporcao),
-                          static_cast<std::int32_t>(Rect.Width()), static_cast<std::int32_t>(Rect.Height()), Caracter,
-                          Canvas.Pen.Color.ParaRgb(), Densidade});
+                          static_cast<std::int32_t>(Rect.Width()), static_cast<std::int32_t>(Rect.Height()),
+                          Caracter, Canvas.Pen.Color.ParaRgb(), Densidade});
     Pedida.Alcance = Rect;
     return true;
 }

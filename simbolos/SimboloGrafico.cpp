@@ -32,7 +32,8 @@ void TSimboloGrafico::Assign(ISimbolo &Origem)
     LerArquivo(QString(De->Arquivo));
 }
 
-bool TSimboloGrafico::PedirPintura(TCanvas &Canvas, const TRect &Rect, double Densidade, TPinturaPedida &Pedida)
+bool TSimboloGrafico::PedirPintura(TCanvas &Canvas, const TRect &Rect, double Densidade,
+                                   TPinturaPedida &Pedida)
 {
     if (Canvas.CopyMode != TCopyMode::cmSrcCopy || Rect.Vazio())
         return false;
@@ -49,8 +50,8 @@ void TSimboloGrafico::Desenhar(TCanvas &Canvas, const TRect &Rect)
     const auto Direto = [this, &Rect](TCanvas &C) { C.StretchDraw(Rect, *Grafico); };
     if (const std::optional<double> Densidade = Canvas.DensidadeDePixels()) {
         TPinturaPedida Pedida;
-        if (PedirPintura(Canvas, Rect, *Densidade, Pedida)
-            && DesenharLembrada(Canvas, Rect, Pedida, Canvas.Pen, Direto))
+        if (PedirPintura(Canvas, Rect, *Densidade, Pedida) &&
+            DesenharLembrada(Canvas, Rect, Pedida, Canvas.Pen, Direto))
             return;
     }
     Direto(Canvas);

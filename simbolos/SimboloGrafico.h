@@ -25,9 +25,10 @@ public:
     /// The picture file's name as last given, without the blanks around it.
     QString Arquivo;
 
-    /// Takes the name and, when the file exists, its picture, which then shows through by alpha or by the colour of
-    /// its bottom-left pixel. A missing file keeps the picture that was there. EInvalidGraphic for a file that cannot
-    /// be read as a picture: only `Arquivo` has changed then. Relative names start at the current directory.
+    /// Takes the name and, when the file exists, its picture, which then shows through by alpha or by the
+    /// colour of its bottom-left pixel. A missing file keeps the picture that was there. EInvalidGraphic for
+    /// a file that cannot be read as a picture: only `Arquivo` has changed then. Relative names start at the
+    /// current directory.
     void LerArquivo(const QString &Nome);
 
     void Desenhar(TCanvas &Canvas, const TRect &Rect) override;

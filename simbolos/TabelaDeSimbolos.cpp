@@ -53,7 +53,10 @@ constinit TModulo Modulo("TabelaDeSimbolos", &Iniciar, &Parar);
 
 } // namespace
 
-TModulo &ModuloTabelaDeSimbolos() noexcept { return Modulo; }
+TModulo &ModuloTabelaDeSimbolos() noexcept
+{
+    return Modulo;
+}
 
 TTabelaDeSimbolos::TTabelaDeSimbolos(QWidget *Dono)
     : TSubject(Dono)
@@ -86,9 +89,15 @@ void TTabelaDeSimbolos::Limpar()
     FRotulos.Clear();
 }
 
-void TTabelaDeSimbolos::AcrescentarAviso(TAvisoDeImportacao Aviso) { FAvisos.push_back(std::move(Aviso)); }
+void TTabelaDeSimbolos::AcrescentarAviso(TAvisoDeImportacao Aviso)
+{
+    FAvisos.push_back(std::move(Aviso));
+}
 
-void TTabelaDeSimbolos::AoMudarSimbolos(TListaSimbolo &) { AvisarObservers(); }
+void TTabelaDeSimbolos::AoMudarSimbolos(TListaSimbolo &)
+{
+    AvisarObservers();
+}
 
 void TTabelaDeSimbolos::Desenhar(int Indice, TCanvas &Canvas, const TRect &Rect) const
 {

@@ -11,8 +11,8 @@ namespace Sibrel
 
 /// Reads and writes one symbol kind's own fields of a library record.
 ///
-/// The frame of the record (kind name and label) is the caller's. A handler reads its section and moves past the end
-/// of the line, or writes its section and the end of the line. Lives for one record. GUI thread only.
+/// The frame of the record (kind name and label) is the caller's. A handler reads its section and moves past
+/// the end of the line, or writes its section and the end of the line. Lives for one record. GUI thread only.
 class SIBREL_EXPORT TTratadorDeSimbolo
 {
 public:
@@ -26,7 +26,8 @@ public:
 
     virtual RefDeClasse ObterClasse() const = 0;
 
-    /// Reads the rest of a record into the symbol, which is of the kind that this handler was registered with.
+    /// Reads the rest of a record into the symbol, which is of the kind that this handler was registered
+    /// with.
     virtual void Ler(TArquivoDeLeitura &Arquivo, ISimbolo &Simbolo) = 0;
     /// Writes the rest of a record.
     virtual void Gravar(TArquivoDeGravacao &Arquivo, const ISimbolo &Simbolo) = 0;
@@ -51,7 +52,8 @@ public:
 };
 
 /// Field: picture file name.
-class SIBREL_EXPORT TTratadorDeSimboloGrafico : public ComClasse<TTratadorDeSimboloGrafico, TTratadorDeSimbolo>
+class SIBREL_EXPORT TTratadorDeSimboloGrafico
+    : public ComClasse<TTratadorDeSimboloGrafico, TTratadorDeSimbolo>
 {
 public:
     static constexpr const char *NomeDaClasse = "TTratadorDeSimboloGrafico";
@@ -61,7 +63,8 @@ public:
 };
 
 /// Field: number of parts; then a line for each part, by the part's own handler.
-class SIBREL_EXPORT TTratadorDeSimboloComposto : public ComClasse<TTratadorDeSimboloComposto, TTratadorDeSimbolo>
+class SIBREL_EXPORT TTratadorDeSimboloComposto
+    : public ComClasse<TTratadorDeSimboloComposto, TTratadorDeSimbolo>
 {
 public:
     static constexpr const char *NomeDaClasse = "TTratadorDeSimboloComposto";

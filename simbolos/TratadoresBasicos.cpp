@@ -30,9 +30,15 @@ auto &Como(Base &Simbolo)
     return *Deste;
 }
 
-QString Campo(std::int64_t Numero) { return u' ' + ADireita(Numero, ColunasDoNumero); }
+QString Campo(std::int64_t Numero)
+{
+    return u' ' + ADireita(Numero, ColunasDoNumero);
+}
 
-bool FonteInstalada(const QString &Nome) { return qGuiApp == nullptr || QFontDatabase::hasFamily(Nome); }
+bool FonteInstalada(const QString &Nome)
+{
+    return qGuiApp == nullptr || QFontDatabase::hasFamily(Nome);
+}
 
 } // namespace
 
@@ -40,8 +46,8 @@ void TTratadorDeSimboloFonte::Gravar(TArquivoDeGravacao &Arquivo, const ISimbolo
 {
     const auto &Fonte = Como<TSimboloFonte>(Simbolo);
     constexpr int CasasDaProporcao = 2;
-    Arquivo.Escrever(Campo(Fonte.Caracter) + Campo(Fonte.Fonte.Charset()) + u' '
-                     + FormatarDecimal(Fonte.Proporcao, CasasDaProporcao) + u' ' + Fonte.Fonte.Name() + u' ');
+    Arquivo.Escrever(Campo(Fonte.Caracter) + Campo(Fonte.Fonte.Charset()) + u' ' +
+                     FormatarDecimal(Fonte.Proporcao, CasasDaProporcao) + u' ' + Fonte.Fonte.Name() + u' ');
     Arquivo.ProximaLinha();
 }
 
@@ -58,7 +64,8 @@ void TTratadorDeSimboloFonte::Ler(TArquivoDeLeitura &Arquivo, ISimbolo &Simbolo)
     Fonte.Fonte.AtribuirName(SemEle.size() < Resto.size() ? SemEle : SemBrancos(Resto));
     Arquivo.ProximaLinha();
     if (const QString Nome = Fonte.Fonte.Name().trimmed(); !FonteInstalada(Nome))
-        Avisar(Linha, TTipoDeAviso::FonteNaoInstalada, QStringLiteral("A fonte <%1> não está instalada.").arg(Nome));
+        Avisar(Linha, TTipoDeAviso::FonteNaoInstalada,
+               QStringLiteral("A fonte <%1> não está instalada.").arg(Nome));
 }
 
 void TTratadorDeSimboloGrafico::Gravar(TArquivoDeGravacao &Arquivo, const ISimbolo &Simbolo)
@@ -83,7 +90,8 @@ void TTratadorDeSimboloGrafico::Ler(TArquivoDeLeitura &Arquivo, ISimbolo &Simbol
         throw;
     }
     if (!Grafico.Grafico)
-        Avisar(Linha, TTipoDeAviso::FiguraAusente, QStringLiteral("A figura <%1> não existe.").arg(Grafico.Arquivo));
+        Avisar(Linha, TTipoDeAviso::FiguraAusente,
+               QStringLiteral("A figura <%1> não existe.").arg(Grafico.Arquivo));
 }
 
 void TTratadorDeSimboloComposto::Gravar(TArquivoDeGravacao &Arquivo, const ISimbolo &Simbolo)
@@ -94,8 +102,10 @@ void TTratadorDeSimboloComposto::Gravar(TArquivoDeGravacao &Arquivo, const ISimb
     for (const auto &Parte : Composto.Lista) {
         QString Tipo;
         TRefTratador Tratador;
-        // A part of an unknown kind was counted all the same: the count has always meant the parts, not the lines.
-        if (!Parte || !TListaSimbolo::ObterTratadorDeSimbolo(Parte->ObterClasse(), Tipo, Tratador) || !Tratador)
+        // A part of an unknown kind was counted all the same: the count has always meant the parts, not the
+        // lines.
+        if (!Parte || !TListaSimbolo::ObterTratadorDeSimbolo(Parte->ObterClasse(), Tipo, Tratador) ||
+            !Tratador)
             continue;
         Arquivo.Escrever(AEsquerda(Tipo, ColunasDoTipo) + u' ');
         Tratador.Criar(Tabela)->Gravar(Arquivo, *Parte);

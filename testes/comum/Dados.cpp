@@ -9,8 +9,14 @@
 namespace Sibrel::Testes
 {
 
-QString DadoDeTeste(const QString &Nome) { return QStringLiteral(SIBREL_PASTA_DE_TESTES "/dados/") + Nome; }
-QString DadoDeExemplo(const QString &Nome) { return QStringLiteral(SIBREL_PASTA_DE_EXEMPLOS "/dados/") + Nome; }
+QString DadoDeTeste(const QString &Nome)
+{
+    return QStringLiteral(SIBREL_PASTA_DE_TESTES "/dados/") + Nome;
+}
+QString DadoDeExemplo(const QString &Nome)
+{
+    return QStringLiteral(SIBREL_PASTA_DE_EXEMPLOS "/dados/") + Nome;
+}
 
 void CarregarFontes()
 {
