@@ -4,7 +4,7 @@
 #include "plataforma/Bitmap.h"
 #include "plataforma/Canvas.h"
 #include "plataforma/Exception.h"
-#include "simbolos/CacheDePinturas.h"
+#include "plataforma/FontesInstaladas.h"
 
 #include <QCache>
 
@@ -181,7 +181,7 @@ int TamanhoQueCabe(const TFont &Fonte, std::uint8_t Codigo, int Largura, int Alt
 {
     static QCache<TChaveDeAjuste, int> Ajustes(AjustesLembrados);
     static std::uint64_t Geracao = 0;
-    if (const std::uint64_t Atual = TCacheDePinturas::GeracaoDasFontes(); Atual != Geracao) {
+    if (const std::uint64_t Atual = GeracaoDasFontes(); Atual != Geracao) {
         Ajustes.clear();
         Geracao = Atual;
     }

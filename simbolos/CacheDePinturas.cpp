@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "simbolos/CacheDePinturas.h"
 
+#include "plataforma/FontesInstaladas.h"
+
 #include <QCache>
-#include <QGuiApplication>
 #include <QHashFunctions>
 #include <QPainter>
-#include <QPointer>
 
 #include <algorithm>
-#include <bit>
 #include <cmath>
+#include <memory>
 
 namespace Sibrel
 {
@@ -30,9 +30,8 @@ struct TPintura {
 
 struct TEstado {
     QCache<TChaveDePintura, TPintura> Pinturas{TCacheDePinturas::BytesMaximos};
-    QPointer<QGuiApplication> Aplicacao;
     std::uint64_t Preparadas = 0;
-    std::uint64_t GeracaoDasFontes = 1;
+    std::uint64_t GeracaoDasFontes = 0;
 };
 
 TEstado &Estado()
@@ -41,15 +40,13 @@ TEstado &Estado()
     return Unico;
 }
 
+// Pictures may hold glyphs: none outlives a change of the application's fonts.
 void AcompanharFontes(TEstado &E)
 {
-    if (E.Aplicacao == qGuiApp || qGuiApp == nullptr)
-        return;
-    E.Aplicacao = qGuiApp;
-    QObject::connect(qGuiApp, &QGuiApplication::fontDatabaseChanged, qGuiApp, [] {
-        ++Estado().GeracaoDasFontes;
-        Estado().Pinturas.clear();
-    });
+    if (const std::uint64_t Geracao = GeracaoDasFontes(); Geracao != E.GeracaoDasFontes) {
+        E.Pinturas.clear();
+        E.GeracaoDasFontes = Geracao;
+    }
 }
 
 bool MesmasDependencias(const TPintura &Pintura, const TPinturaPedida &Pedida) noexcept
@@ -177,12 +174,6 @@ std::uint64_t TCacheDePinturas::Preparadas() noexcept
 void TCacheDePinturas::Esvaziar() noexcept
 {
     Estado().Pinturas.clear();
-}
-
-std::uint64_t TCacheDePinturas::GeracaoDasFontes()
-{
-    AcompanharFontes(Estado());
-    return Estado().GeracaoDasFontes;
 }
 
 } // namespace Sibrel

@@ -56,9 +56,6 @@ struct SIBREL_EXPORT TCacheDePinturas {
     /// How many pictures had to be prepared since the process began.
     static std::uint64_t Preparadas() noexcept;
     static void Esvaziar() noexcept;
-    /// A number that changes when the fonts of the application do: what depends on fonts keeps it with its
-    /// results.
-    static std::uint64_t GeracaoDasFontes();
 };
 
 } // namespace Sibrel

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // The library sections of the kinds "Fonte", "Grafico" and "Composto".
 #include "plataforma/Exception.h"
+#include "plataforma/FontesInstaladas.h"
 #include "plataforma/SeparadorDecimal.h"
 #include "simbolos/ListaSimbolo.h"
 #include "simbolos/SimboloComposto.h"
@@ -8,9 +9,6 @@
 #include "simbolos/SimboloGrafico.h"
 #include "simbolos/TabelaDeSimbolos.h"
 #include "simbolos/TratadorDeSimbolo.h"
-
-#include <QFontDatabase>
-#include <QGuiApplication>
 
 namespace Sibrel
 {
@@ -33,11 +31,6 @@ auto &Como(Base &Simbolo)
 QString Campo(std::int64_t Numero)
 {
     return u' ' + ADireita(Numero, ColunasDoNumero);
-}
-
-bool FonteInstalada(const QString &Nome)
-{
-    return qGuiApp == nullptr || QFontDatabase::hasFamily(Nome);
 }
 
 } // namespace
