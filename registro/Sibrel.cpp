@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "registro/Sibrel.h"
 
+#include "arvore/PrepararAtualizacao.h"
+#include "arvore/TagsXML.h"
+#include "arvore/TreeNodeXML.h"
+#include "arvore/TreeViewXML.h"
 #include "simbolos/TabelaDeSimbolos.h"
 
 #include <array>
@@ -10,7 +14,8 @@ namespace Sibrel
 
 std::span<TModulo *const> ModulosDoPacote() noexcept
 {
-    static const std::array Modulos = {&ModuloTabelaDeSimbolos()};
+    static const std::array Modulos = {&ModuloTabelaDeSimbolos(), &ModuloTagsXML(), &ModuloTreeNodeXML(),
+                                       &ModuloPrepararAtualizacao(), &ModuloTreeViewXML()};
     return Modulos;
 }
 
