@@ -19,7 +19,8 @@ E ErroDe(F &&Operacao)
     } catch (const Exception &Erro) {
         if (typeid(Erro) == typeid(E))
             return dynamic_cast<const E &>(Erro);
-        throw std::runtime_error(std::string("erro de outra classe: ") + typeid(Erro).name() + ": " + Erro.what());
+        throw std::runtime_error(std::string("erro de outra classe: ") + typeid(Erro).name() + ": " +
+                                 Erro.what());
     }
     throw std::runtime_error("devia dar erro");
 }

@@ -41,8 +41,9 @@ std::unique_ptr<TSimboloComposto> Composto(std::unique_ptr<Partes>... Parte)
     return Simbolo;
 }
 
-/// A kind that a host could write: fills the left half of its rectangle with the pen's colour, does not know how to be
-/// remembered, leaves the canvas changed, and counts how many of its objects live and how often they drew.
+/// A kind that a host could write: fills the left half of its rectangle with the pen's colour, does not know
+/// how to be remembered, leaves the canvas changed, and counts how many of its objects live and how often
+/// they drew.
 class TSimboloDoHospedeiro : public ComClasse<TSimboloDoHospedeiro, ISimbolo>
 {
 public:
@@ -62,10 +63,7 @@ public:
         Canvas.FillRect({Rect.Left, Rect.Top, (Rect.Left + Rect.Right) / 2, Rect.Bottom});
         Canvas.Pen.Color = clRed;
     }
-    void Assign(ISimbolo &Origem) override
-    {
-        Valor = dynamic_cast<TSimboloDoHospedeiro &>(Origem).Valor;
-    }
+    void Assign(ISimbolo &Origem) override { Valor = dynamic_cast<TSimboloDoHospedeiro &>(Origem).Valor; }
 };
 
 } // namespace Sibrel::Testes

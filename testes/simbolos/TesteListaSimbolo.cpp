@@ -215,7 +215,8 @@ void TesteListaSimbolo::OsTresTiposNaOrdemDeRegistro()
 
 void TesteListaSimbolo::NomeEProcuradoSemCaixa()
 {
-    for (const QString &Nome : {QStringLiteral("Grafico"), QStringLiteral("GRAFICO"), QStringLiteral("grafico")}) {
+    for (const QString &Nome :
+         {QStringLiteral("Grafico"), QStringLiteral("GRAFICO"), QStringLiteral("grafico")}) {
         TRefTratador Tratador;
         TRefSimbolo Simbolo;
         QVERIFY(TListaSimbolo::ObterTratadorDeSimbolo(Nome, Tratador, Simbolo));
@@ -415,7 +416,8 @@ void TesteListaSimbolo::ModuloComecaUmaVezEParaComOUltimo()
 {
     static int Inicios = 0;
     static int Fins = 0;
-    TModulo Modulo("Teste", [] { ++Inicios; }, [] { ++Fins; });
+    TModulo Modulo(
+        "Teste", [] { ++Inicios; }, [] { ++Fins; });
     Modulo.Parar();
     QCOMPARE(Fins, 0);
     Modulo.Iniciar();
@@ -452,7 +454,8 @@ void TesteListaSimbolo::ModuloParadoRecusaEDepoisVolta()
 void TesteListaSimbolo::InicioQueFalhaNaoComecou()
 {
     static int Fins = 0;
-    TModulo Modulo("Teste", [] { throw EInvalidOperation(QStringLiteral("não")); }, [] { ++Fins; });
+    TModulo Modulo(
+        "Teste", [] { throw EInvalidOperation(QStringLiteral("não")); }, [] { ++Fins; });
     ErroDe<EInvalidOperation>([&] { Modulo.Iniciar(); });
     QVERIFY(!Modulo.Iniciado());
     Modulo.Parar();
