@@ -130,14 +130,14 @@ QString TArquivoDeLeitura::LerRestoDaLinha()
     return De1252(Resto);
 }
 
-QString TArquivoDeLeitura::Onde() const
+QString TArquivoDeLeitura::Onde(int Linha) const
 {
-    return QStringLiteral("Arquivo <%1>, linha %2.").arg(FNome).arg(FLinha);
+    return QStringLiteral("Arquivo <%1>, linha %2.").arg(FNome).arg(Linha);
 }
 
 void TArquivoDeLeitura::Erro(const QString &Motivo) const
 {
-    throw EInOutError(QStringLiteral("Erro de leitura do arquivo de texto!"), Motivo + u' ' + Onde());
+    throw EInOutError(QStringLiteral("Erro de leitura do arquivo de texto!"), Motivo + u' ' + Onde(FLinha));
 }
 
 void TArquivoDeGravacao::Escrever(QStringView Texto)

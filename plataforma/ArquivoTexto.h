@@ -32,8 +32,8 @@ public:
     int Linha() const noexcept { return FLinha; }
     bool FimDoArquivo() const noexcept { return FPosicao >= FBytes.size(); }
     bool FimDaLinha() const noexcept;
-    /// The file and line for `Detalhe`.
-    QString Onde() const;
+    /// The file and a line of it, for `Detalhe`.
+    QString Onde(int Linha) const;
 
     /// The next integer token; blanks, tabs and line ends before it are skipped. The token ends at a blank, a
     /// tab or a line end, and the position is left right behind it.

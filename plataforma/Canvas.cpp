@@ -416,7 +416,17 @@ std::optional<double> TCanvas::DensidadeDePixels() const
 
 void TCanvas::DesenharPreparada(int X, int Y, const QImage &Imagem)
 {
-    Pintor().drawImage(QPoint(X, Y), Imagem);
+    QPainter &P = Pintor();
+    const double Densidade = Imagem.devicePixelRatio();
+    if (Densidade == 1.0 || Densidade == 2.0) { // the densities that the painter itself copies pixel by pixel
+        P.drawImage(QPoint(X, Y), Imagem);
+        return;
+    }
+    const QTransform Antiga = P.worldTransform();
+    const QPointF Canto = Antiga.map(QPointF(X, Y)) * Densidade;
+    P.setWorldTransform(QTransform::fromScale(1 / Densidade, 1 / Densidade));
+    P.drawImage(QRectF(QPointF(Canto.toPoint()), QSizeF(Imagem.size())), Imagem, QRectF(Imagem.rect()));
+    P.setWorldTransform(Antiga);
 }
 
 } // namespace Sibrel

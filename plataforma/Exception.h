@@ -133,12 +133,16 @@ public:
     ~EDatabaseError() override;
 };
 
-/// A document that is not well-formed XML or that breaks a limit.
+/// A document that is not well-formed XML, not valid by its own DTD, or that breaks a limit of TLimitesXML.
 class SIBREL_EXPORT EDOMParseError : public Exception
 {
 public:
     using Exception::Exception;
     ~EDOMParseError() override;
+
+    /// Where the document went wrong, from 1; 0 when the place is not known (a damaged encoding, no memory).
+    int Linha = 0;
+    int Coluna = 0;
 };
 
 } // namespace Sibrel

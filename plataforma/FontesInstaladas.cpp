@@ -16,6 +16,8 @@ struct TFontesInstaladas {
     QPointer<QGuiApplication> Aplicacao;
     std::uint64_t Geracao = 1;
     std::uint64_t GeracaoDasFamilias = 0;
+    QString Ultima; // the family last asked for: a library names the same font record after record
+    bool UltimaInstalada = false;
     QSet<QString> Familias; // folded; read whole, since asking for one family at a time costs a walk over all
 };
 
@@ -58,7 +60,11 @@ bool FonteInstalada(const QString &Nome)
     TFontesInstaladas &E = Estado();
     if (E.GeracaoDasFamilias != Geracao)
         LerFamilias(E);
-    return E.Familias.contains(Nome.toCaseFolded()) || QFontDatabase::hasFamily(Nome);
+    else if (E.Ultima == Nome)
+        return E.UltimaInstalada;
+    E.Ultima = Nome;
+    E.UltimaInstalada = E.Familias.contains(Nome.toCaseFolded()) || QFontDatabase::hasFamily(Nome);
+    return E.UltimaInstalada;
 }
 
 } // namespace Sibrel

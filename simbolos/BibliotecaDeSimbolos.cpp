@@ -85,17 +85,18 @@ void TTabelaDeSimbolos::LerRegistro(TArquivoDeLeitura &Arquivo)
 {
     if (Arquivo.FimDoArquivo())
         Arquivo.Erro(QStringLiteral("O arquivo termina onde se esperava um símbolo."));
-    const QString Onde = Arquivo.Onde();
+    const int Linha = Arquivo.Linha();
     const QString Tipo = SemBrancos(Arquivo.LerCaracteres(ColunasDoTipo));
     TRefTratador ClasseDoTratador;
     TRefSimbolo ClasseDoSimbolo;
     if (!TListaSimbolo::ObterTratadorDeSimbolo(Tipo, ClasseDoTratador, ClasseDoSimbolo) ||
         !ClasseDoTratador || !ClasseDoSimbolo)
-        throw EInvalidOperation(NaoRegistrado(Tipo), Onde);
+        throw EInvalidOperation(NaoRegistrado(Tipo), Arquivo.Onde(Linha));
     std::unique_ptr<ISimbolo> Simbolo = ClasseDoSimbolo.Criar();
     const std::unique_ptr<TTratadorDeSimbolo> Tratador = ClasseDoTratador.Criar(this);
     if (!Simbolo || !Tratador)
-        throw EInvalidOperation(QStringLiteral("O tipo de Símbolo <%1> não é suportado!").arg(Tipo), Onde);
+        throw EInvalidOperation(QStringLiteral("O tipo de Símbolo <%1> não é suportado!").arg(Tipo),
+                                Arquivo.Onde(Linha));
     FRotulos.Add(LerRotulo(Arquivo));
     Tratador->Ler(Arquivo, *Simbolo);
     FSimbolos->Add(std::move(Simbolo));

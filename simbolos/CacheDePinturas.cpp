@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
+#include <utility>
 
 namespace Sibrel
 {
@@ -34,11 +35,8 @@ struct TEstado {
     std::uint64_t GeracaoDasFontes = 0;
 };
 
-TEstado &Estado()
-{
-    static TEstado Unico;
-    return Unico;
-}
+// Owned; from module start to module stop. Not a static object: the library's stop would find it destroyed.
+constinit TEstado *Lembradas = nullptr;
 
 // Pictures may hold glyphs: none outlives a change of the application's fonts.
 void AcompanharFontes(TEstado &E)
@@ -133,7 +131,9 @@ std::unique_ptr<TPintura> Preparar(const TRect &Rect, const TPinturaPedida &Pedi
 bool DesenharLembrada(TCanvas &Canvas, const TRect &Rect, const TPinturaPedida &Pedida, const TPen &Caneta,
                       const std::function<void(TCanvas &)> &Pintar)
 {
-    TEstado &E = Estado();
+    if (Lembradas == nullptr)
+        return false;
+    TEstado &E = *Lembradas;
     AcompanharFontes(E);
     const TPintura *Pintura = E.Pinturas.object(Pedida.Chaves.front());
     if (Pintura == nullptr || !MesmasDependencias(*Pintura, Pedida)) {
@@ -159,21 +159,34 @@ bool DesenharLembrada(TCanvas &Canvas, const TRect &Rect, const TPinturaPedida &
     return true;
 }
 
+void CriarCacheDePinturas()
+{
+    if (Lembradas == nullptr)
+        Lembradas = std::make_unique<TEstado>().release();
+}
+
+void LiberarCacheDePinturas() noexcept
+{
+    std::unique_ptr<TEstado>(std::exchange(Lembradas, nullptr)).reset();
+}
+
 qsizetype TCacheDePinturas::Bytes() noexcept
 {
-    return Estado().Pinturas.totalCost();
+    return Lembradas != nullptr ? Lembradas->Pinturas.totalCost() : 0;
 }
 qsizetype TCacheDePinturas::Quantas() noexcept
 {
-    return Estado().Pinturas.size();
+    return Lembradas != nullptr ? Lembradas->Pinturas.size() : 0;
 }
 std::uint64_t TCacheDePinturas::Preparadas() noexcept
 {
-    return Estado().Preparadas;
+    return Lembradas != nullptr ? Lembradas->Preparadas : 0;
 }
+
 void TCacheDePinturas::Esvaziar() noexcept
 {
-    Estado().Pinturas.clear();
+    if (Lembradas != nullptr)
+        Lembradas->Pinturas.clear();
 }
 
 } // namespace Sibrel

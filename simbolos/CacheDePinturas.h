@@ -53,9 +53,14 @@ struct SIBREL_EXPORT TCacheDePinturas {
 
     static qsizetype Bytes() noexcept;
     static qsizetype Quantas() noexcept;
-    /// How many pictures had to be prepared since the process began.
+    /// How many pictures had to be prepared since the module started.
     static std::uint64_t Preparadas() noexcept;
     static void Esvaziar() noexcept;
 };
+
+/// The start and the stop of the symbol table's module make and free what is remembered; outside of them
+/// every symbol is drawn directly.
+void CriarCacheDePinturas();
+void LiberarCacheDePinturas() noexcept;
 
 } // namespace Sibrel

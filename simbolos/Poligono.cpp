@@ -26,8 +26,8 @@ public:
         , FEscala(ObterEscala(Area, Rect))
     {
     }
-    double RelativoX(const TPoint &P) const noexcept { return (double{1} * P.X - FDe.X) * FEscala; }
-    double RelativoY(const TPoint &P) const noexcept { return (double{1} * P.Y - FDe.Y) * FEscala; }
+    double RelativoX(const TPoint &P) const noexcept { return (static_cast<double>(P.X) - FDe.X) * FEscala; }
+    double RelativoY(const TPoint &P) const noexcept { return (static_cast<double>(P.Y) - FDe.Y) * FEscala; }
     double X(const TPoint &P) const noexcept { return RelativoX(P) + FPara.X; }
     double Y(const TPoint &P) const noexcept { return RelativoY(P) + FPara.Y; }
 
@@ -54,7 +54,8 @@ std::unique_ptr<TListaPosicoes> TPoligono::AtribuirListaPosicao(std::unique_ptr<
 std::uint64_t TPoligono::Selo() const
 {
     // The vertices are changed in their own list, which has a stamp of its own.
-    if (std::exchange(FSeloDosVertices, FVertices->Selo()) != FSeloDosVertices)
+    const std::uint64_t Antes = std::exchange(FSeloDosVertices, FVertices->Selo());
+    if (Antes != FSeloDosVertices)
         Mudou();
     return IElementoGrafico::Selo();
 }

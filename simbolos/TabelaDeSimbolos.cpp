@@ -35,6 +35,7 @@ constexpr TTipoBasico TiposBasicos[] = {
 void Iniciar()
 {
     CriarBitmapDeMedida();
+    CriarCacheDePinturas();
     CriarRegistroDeTratadores();
     for (const TTipoBasico &T : TiposBasicos)
         TListaSimbolo::RegistrarTratadorDeSimbolo(QLatin1String(T.Tipo), T.Tratador(), T.Simbolo());
@@ -46,7 +47,7 @@ void Parar()
         TListaSimbolo::RemoverRegistroTratadorDeSimbolo(QLatin1String(T.Tipo));
     LiberarBitmapDeMedida();
     LiberarRegistroDeTratadores();
-    TCacheDePinturas::Esvaziar();
+    LiberarCacheDePinturas();
 }
 
 constinit TModulo Modulo("TabelaDeSimbolos", &Iniciar, &Parar);

@@ -3,7 +3,7 @@
 
 #include "lumbrix/RotacionarFonte.h"
 #include "plataforma/Bitmap.h"
-#include "simbolos/CacheDePinturas.h"
+#include "plataforma/FontesInstaladas.h"
 #include "simbolos/GeometriaDeElementos.h"
 #include "simbolos/XMLDeElementos.h"
 
@@ -36,7 +36,8 @@ TTexto::~TTexto() = default;
 std::uint64_t TTexto::Selo() const
 {
     // The font is changed in place and has a stamp of its own.
-    if (std::exchange(FSeloDaFonte, FFonte.Selo()) != FSeloDaFonte)
+    const std::uint64_t Antes = std::exchange(FSeloDaFonte, FFonte.Selo());
+    if (Antes != FSeloDaFonte)
         Mudou();
     return IElementoGrafico::Selo();
 }
@@ -51,7 +52,7 @@ unsigned TTexto::Alinhamento() const noexcept
 void TTexto::Medir() const
 {
     const std::uint64_t Agora = Selo();
-    const std::uint64_t Fontes = TCacheDePinturas::GeracaoDasFontes();
+    const std::uint64_t Fontes = GeracaoDasFontes();
     if (FMedida.Selo == Agora && FMedida.Fontes == Fontes)
         return;
     // Fonts are in pixels at 96 an inch on every surface, so that a scratch one measures like any other.

@@ -71,13 +71,12 @@ void TTratadorDeSimboloGrafico::Ler(TArquivoDeLeitura &Arquivo, ISimbolo &Simbol
 {
     auto &Grafico = Como<TSimboloGrafico>(Simbolo);
     const int Linha = Arquivo.Linha();
-    const QString Onde = Arquivo.Onde();
     const QString Nome = SemComentario(Arquivo.LerRestoDaLinha());
     Arquivo.ProximaLinha();
     try {
         Grafico.LerArquivo(Nome);
     } catch (Exception &E) {
-        E.AcrescentarDetalhe(Onde);
+        E.AcrescentarDetalhe(Arquivo.Onde(Linha));
         Avisar(Linha, TTipoDeAviso::FiguraIlegivel,
                QStringLiteral("A figura <%1> não pode ser lida.").arg(Grafico.Arquivo));
         throw;
