@@ -15,8 +15,7 @@ namespace Sibrel
 /// Coordinates beyond int32 go to its limit.
 constexpr std::int32_t Saturado(std::int64_t Valor) noexcept
 {
-    return static_cast<std::int32_t>(std::clamp<std::int64_t>(Valor,
-                                                              std::numeric_limits<std::int32_t>::min(),
+    return static_cast<std::int32_t>(std::clamp<std::int64_t>(Valor, std::numeric_limits<std::int32_t>::min(),
                                                               std::numeric_limits<std::int32_t>::max()));
 }
 

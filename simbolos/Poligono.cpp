@@ -126,7 +126,7 @@ QString TPoligono::ObterXML() const
                         .Fechar(u">");
     for (const TPoint &P : FVertices->Pontos())
         Texto += TEscritaDeElemento(u"Ponto").Atributo(u"X", P.X).Atributo(u"Y", P.Y).Fechar();
-    return Texto + u"</Poligono>";
+    return Texto += QStringView(u"</Poligono>");
 }
 
 void TPoligono::AtribuirXML(const TCursorXML &No)
@@ -134,7 +134,8 @@ void TPoligono::AtribuirXML(const TCursorXML &No)
     SeHouver(No, u"Fechado", [this](const QString &T) { AtribuirFechado(SinalDoTexto(T)); });
     SeHouver(No, u"CorLinha", [this](const QString &T) { AtribuirCorLinha(CorDoTexto(T)); });
     SeHouver(No, u"CorFundo", [this](const QString &T) { AtribuirCorFundo(CorDoTexto(T)); });
-    SeHouver(No, u"EstiloLinha", [this](const QString &T) { AtribuirEstiloLinha(EstiloDoTexto<TPenStyle>(T)); });
+    SeHouver(No, u"EstiloLinha",
+             [this](const QString &T) { AtribuirEstiloLinha(EstiloDoTexto<TPenStyle>(T)); });
     SeHouver(No, u"EstiloFundo",
              [this](const QString &T) { AtribuirEstiloFundo(EstiloDoTexto<TBrushStyle>(T)); });
     FVertices->Clear();

@@ -194,7 +194,8 @@ void TSetor::AtribuirXML(const TCursorXML &No)
     SeHouver(No, u"AngF", [this](const QString &T) { AtribuirAngF(StrToAngulo(T)); });
     SeHouver(No, u"CorLinha", [this](const QString &T) { AtribuirCorLinha(CorDoTexto(T)); });
     SeHouver(No, u"CorFundo", [this](const QString &T) { AtribuirCorFundo(CorDoTexto(T)); });
-    SeHouver(No, u"EstiloLinha", [this](const QString &T) { AtribuirEstiloLinha(EstiloDoTexto<TPenStyle>(T)); });
+    SeHouver(No, u"EstiloLinha",
+             [this](const QString &T) { AtribuirEstiloLinha(EstiloDoTexto<TPenStyle>(T)); });
     SeHouver(No, u"EstiloFundo",
              [this](const QString &T) { AtribuirEstiloFundo(EstiloDoTexto<TBrushStyle>(T)); });
 }

@@ -47,7 +47,7 @@ TEscritaDeElemento &TEscritaDeElemento::Atributo(QStringView Nome, TColor Cor)
 
 TColor CorDoTexto(const QString &Texto)
 {
-    return StrToInt(QStringView(u"$") + Texto);
+    return StrToInt(QChar(u'$') + Texto);
 }
 
 } // namespace Sibrel
