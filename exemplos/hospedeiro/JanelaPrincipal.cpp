@@ -32,6 +32,8 @@ namespace
 
 constexpr QSize TamanhoDaJanela(960, 640);
 constexpr int PassoDoTamanho = 8;
+constexpr int LarguraDoControle = 280; // a slider over the whole window would be clumsy
+constexpr int AlturaDosAvisos = 120;
 
 QString FiltroDeBibliotecas()
 {
@@ -56,6 +58,7 @@ TJanelaPrincipal::TJanelaPrincipal(QWidget *Dono)
     FFolha->setModel(&FModelo);
     setCentralWidget(FFolha);
     addDockWidget(Qt::BottomDockWidgetArea, FAvisos);
+    resizeDocks({FAvisos}, {AlturaDosAvisos}, Qt::Vertical);
     FAvisos->hide();
     MontarFerramentas();
     MontarMenus();
@@ -185,6 +188,7 @@ void TJanelaPrincipal::MontarTamanho(QToolBar &Barra)
     FTamanho = new QSlider(Qt::Horizontal, &Barra);
     FTamanho->setRange(MenorTamanho, MaiorTamanho);
     FTamanho->setPageStep(PassoDoTamanho);
+    FTamanho->setMaximumWidth(LarguraDoControle);
     FTamanho->setToolTip(tr("Lado dos símbolos, em pixels"));
     auto *Nome = new QLabel(tr("&Tamanho: "), &Barra);
     Nome->setBuddy(FTamanho);
