@@ -30,7 +30,9 @@ bool Rodada(const char *Biblioteca)
     using TPergunta = int (*)();
     const auto QuantosIniciados = reinterpret_cast<TPergunta>(dlsym(Carregada, "SibrelModulosIniciados"));
     const bool Certo = QuantosIniciados != nullptr && QuantosIniciados() > 0;
-    return dlclose(Carregada) == 0 && Certo;
+    if (dlclose(Carregada) != 0 || !Certo)
+        return false;
+    return dlopen(Biblioteca, RTLD_NOW | RTLD_NOLOAD) == nullptr; // it is really gone, its stop has run
 }
 
 } // namespace
