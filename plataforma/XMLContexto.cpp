@@ -5,6 +5,9 @@
 
 #include <libxml/parserInternals.h>
 
+#include <array>
+#include <cstdarg>
+#include <cstdio>
 #include <limits>
 #include <new>
 
@@ -36,6 +39,9 @@ TContextoXML::TContextoXML(QByteArrayView Utf8, int Opcoes, const QByteArray &En
         FContexto->input->filename =
             reinterpret_cast<char *>(xmlStrdup(reinterpret_cast<const xmlChar *>(Endereco.constData())));
     FContexto->sax->serror = &TContextoXML::AoErrar;
+    FContexto->vctxt.userData = FContexto.get();
+    FContexto->vctxt.error = &TContextoXML::AoInvalidar;
+    FContexto->vctxt.warning = nullptr;
 }
 
 TContextoXML::~TContextoXML() = default;
@@ -49,6 +55,8 @@ void TContextoXML::Analisar()
         std::rethrow_exception(FFalha);
     if (!FInterrompido && !FContexto->wellFormed)
         throw ErroDeXML(QStringLiteral("O documento não é bem formado."));
+    if (!FInterrompido && FContexto->validate && !FContexto->valid)
+        throw ErroDeXML(QStringLiteral("O documento não é válido pela sua DTD."));
 }
 
 void TContextoXML::Falhar(std::exception_ptr Falha) noexcept
@@ -59,17 +67,33 @@ void TContextoXML::Falhar(std::exception_ptr Falha) noexcept
 
 void TContextoXML::AoErrar(void *Dados, xmlErrorPtr Erro)
 {
-    // An undeclared prefix is tolerated: names are taken as they are written, name spaces mean nothing here.
-    if (!Dados || Erro->level < XML_ERR_ERROR || Erro->code == XML_NS_ERR_UNDEFINED_NAMESPACE)
+    // Names are taken as they are written, name spaces mean nothing here: of their rules only those are kept
+    // whose breach makes the parser drop a declaration.
+    const bool SoEspacoDeNomes = Erro->domain == XML_FROM_NAMESPACE && Erro->code != XML_NS_ERR_XML_NAMESPACE;
+    if (!Dados || Erro->level < XML_ERR_ERROR || SoEspacoDeNomes)
         return;
-    TContextoXML &Este = De(Dados);
-    if (Este.FFalha || Este.FInterrompido)
+    De(Dados).Anotar(Erro->message, Erro->line, Erro->int2);
+}
+
+// References between elements are checked when all has been read; that check knows this older way only.
+void TContextoXML::AoInvalidar(void *Dados, const char *Formato, ...)
+{
+    std::array<char, 1024> Texto{};
+    va_list Argumentos;
+    va_start(Argumentos, Formato);
+    std::vsnprintf(Texto.data(), Texto.size(), Formato, Argumentos);
+    va_end(Argumentos);
+    De(Dados).Anotar(Texto.data(), 0, 0);
+}
+
+void TContextoXML::Anotar(const char *Motivo, int Linha, int Coluna) noexcept
+{
+    if (FFalha || FInterrompido)
         return;
     try {
-        const QString Motivo = QString::fromUtf8(Erro->message).trimmed();
-        Este.Falhar(std::make_exception_ptr(ErroDeXML(Motivo, Erro->line, Erro->int2)));
+        Falhar(std::make_exception_ptr(ErroDeXML(QString::fromUtf8(Motivo).trimmed(), Linha, Coluna)));
     } catch (...) {
-        Este.Falhar(std::current_exception());
+        Falhar(std::current_exception());
     }
 }
 

@@ -60,6 +60,8 @@ protected:
 
 private:
     static void AoErrar(void *Dados, xmlErrorPtr Erro);
+    [[gnu::format(printf, 2, 3)]] static void AoInvalidar(void *Dados, const char *Formato, ...);
+    void Anotar(const char *Motivo, int Linha, int Coluna) noexcept;
 
     struct TLiberar {
         void operator()(xmlParserCtxt *C) const noexcept;
