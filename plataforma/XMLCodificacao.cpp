@@ -144,7 +144,7 @@ QByteArray Utf8DeBytes(QByteArrayView Bytes)
     if (Nome.isEmpty() ||
         UmDe(Nome, {"ISO-8859-1", "ISO8859-1", "ISO_8859-1", "ISO-LATIN-1", "LATIN1", "LATIN-1", "L1",
                     "WINDOWS-1252", "CP1252", "CP-1252", "1252", "US-ASCII", "ASCII"}))
-        return De1252(Bytes).toUtf8();
+        return Utf8De1252(Bytes);
     if (Nome.first(std::min<qsizetype>(Nome.size(), 4)).compare("UTF-", Qt::CaseInsensitive) == 0 ||
         Nome.first(std::min<qsizetype>(Nome.size(), 4)).compare("UCS-", Qt::CaseInsensitive) == 0 ||
         Nome.compare("ISO-10646-UCS-2", Qt::CaseInsensitive) == 0 ||

@@ -21,7 +21,7 @@ void TContextoXML::TLiberar::operator()(xmlParserCtxt *C) const noexcept
     xmlFreeParserCtxt(C);
 }
 
-TContextoXML::TContextoXML(QByteArrayView Utf8, int Opcoes, const QByteArray &Endereco)
+TContextoXML::TContextoXML(const QByteArray &Utf8, int Opcoes, const QByteArray &Endereco)
 {
     // Safe to call again and from several threads; the parser's tables are made once.
     static const bool Iniciado = (xmlInitParser(), true);
@@ -30,9 +30,10 @@ TContextoXML::TContextoXML(QByteArrayView Utf8, int Opcoes, const QByteArray &En
         throw ErroDeXML(QStringLiteral("O documento está vazio."));
     if (Utf8.size() > std::numeric_limits<int>::max() - 1)
         throw ErroDeXML(QStringLiteral("O documento é grande demais."));
-    FContexto.reset(xmlCreateMemoryParserCtxt(Utf8.data(), static_cast<int>(Utf8.size())));
+    FContexto.reset(xmlNewParserCtxt());
     if (!FContexto)
         throw std::bad_alloc();
+    Ligar(Utf8);
     FContexto->_private = this;
     xmlCtxtUseOptions(FContexto.get(), Opcoes | XML_PARSE_NONET | XML_PARSE_IGNORE_ENC | XML_PARSE_BIG_LINES);
     if (!Endereco.isEmpty())
@@ -45,6 +46,20 @@ TContextoXML::TContextoXML(QByteArrayView Utf8, int Opcoes, const QByteArray &En
 }
 
 TContextoXML::~TContextoXML() = default;
+
+// As a text in memory, which the parser reads where it is; a buffer of its own would be a copy of the
+// document. It looks for the end itself: a zero, which QByteArray has there and the document nowhere before.
+void TContextoXML::Ligar(const QByteArray &Utf8)
+{
+    xmlParserInputPtr Entrada =
+        xmlNewStringInputStream(FContexto.get(), reinterpret_cast<const xmlChar *>(Utf8.constData()));
+    if (!Entrada)
+        throw std::bad_alloc();
+    if (inputPush(FContexto.get(), Entrada) < 0) {
+        xmlFreeInputStream(Entrada);
+        throw std::bad_alloc();
+    }
+}
 
 void TContextoXML::Analisar()
 {
