@@ -100,6 +100,14 @@ QByteArray Utf8DeTexto(QStringView Texto)
     return Bytes;
 }
 
+QString TextoDeUtf8(QByteArrayView Bytes)
+{
+    if (!Bytes.startsWith("\xEF\xBB\xBF"))
+        return QString::fromUtf8(Bytes);
+    QStringDecoder Decodificador(QStringConverter::Utf8, QStringConverter::Flag::ConvertInitialBom);
+    return Decodificador(Bytes);
+}
+
 QByteArray Utf8SemMarca(QByteArrayView Bytes)
 {
     ExigirTamanho(Bytes.size());

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "plataforma/XMLConstrutor.h"
 
+#include "plataforma/XMLCodificacao.h"
 #include "plataforma/XMLErro.h"
 
 #include <cstring>
@@ -34,7 +35,7 @@ std::uint32_t TConstrutorXML::Nome(std::string_view Texto)
     if (const auto Achado = FNumeros.find(Texto); Achado != FNumeros.end())
         return Achado->second;
     const auto Numero = static_cast<std::uint32_t>(FDocumento->FNomes.size());
-    FDocumento->FNomes.push_back(QString::fromUtf8(Texto.data(), static_cast<qsizetype>(Texto.size())));
+    FDocumento->FNomes.push_back(TextoDeUtf8({Texto.data(), static_cast<qsizetype>(Texto.size())}));
     FNumeros.emplace(Texto, Numero);
     return Numero;
 }

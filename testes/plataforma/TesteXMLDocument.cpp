@@ -40,6 +40,7 @@ private Q_SLOTS:
     void LinhasAlemDe65535();
     void DeTextoIgnoraADeclaracao();
     void MeioCaracterERecusado();
+    void AMarcaDentroDoDocumentoETexto();
     void Codificacoes_data();
     void Codificacoes();
     void OsBytesDe80A9FDeLatin1();
@@ -309,6 +310,12 @@ void TesteXMLDocument::MeioCaracterERecusado()
 {
     const char16_t Texto[] = {u'<', u'a', u'>', 0xD800, u'<', u'/', u'a', u'>'};
     QVERIFY_EXCEPTION_THROWN(TXMLDocument::DeTexto(QStringView(Texto, 8)), EDOMParseError);
+}
+
+void TesteXMLDocument::AMarcaDentroDoDocumentoETexto()
+{
+    const QString Texto = u"\uFEFF<\uFEFFa \uFEFFb='\uFEFF1'>\uFEFF2</\uFEFFa>"_s;
+    QCOMPARE(Retrato(TXMLDocument::DeTexto(Texto)->Raiz()), u"\uFEFFa \uFEFFb=\"\uFEFF1\"([\uFEFF2])"_s);
 }
 
 void TesteXMLDocument::Codificacoes_data()

@@ -133,6 +133,8 @@ void TesteXMLHostil::Recusados_data()
         << QByteArray("<r><!-- ' --><a" + Atributos + "/></r>");
     QTest::newRow("atributos demais em uma entidade") << QByteArray(
         "<!DOCTYPE a [<!ELEMENT a ANY><!ENTITY q '<!--'><!ENTITY e \"<a" + Atributos + "/>\">]><a>&e;</a>");
+    QTest::newRow("atributos demais depois de um comentario que nao e")
+        << QByteArray("<!DOCTYPE a [<!ELEMENT a ANY><!ENTITY q '<!--'>]><a" + Atributos + "/>");
     QTest::newRow("atributos demais, cifrados")
         << QByteArray("<!DOCTYPE a [<!ELEMENT a ANY><!ENTITY e \"&#60;a" +
                       QByteArray(Atributos).replace("=", "&#61;") + "/>\">]><a>&e;</a>");
