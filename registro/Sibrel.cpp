@@ -2,6 +2,7 @@
 #include "registro/Sibrel.h"
 
 #include "simbolos/TabelaDeSimbolos.h"
+#include "simbolos/TabelaDeSimbolosBD.h"
 
 #include <array>
 
@@ -10,7 +11,7 @@ namespace Sibrel
 
 std::span<TModulo *const> ModulosDoPacote() noexcept
 {
-    static const std::array Modulos = {&ModuloTabelaDeSimbolos()};
+    static const std::array Modulos = {&ModuloTabelaDeSimbolos(), &ModuloTabelaDeSimbolosBD()};
     return Modulos;
 }
 
