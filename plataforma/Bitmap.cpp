@@ -88,7 +88,6 @@ void TBitmap::AtribuirTamanho(int Largura, int Altura)
         return;
     SoltarPintor();
     if (Novo.isEmpty()) {
-        // A size of which one side is 0 holds no pixels, yet each side is remembered by the other's next
         // value.
         FImagem = QImage();
     } else {

@@ -151,6 +151,11 @@ QPainter &TCanvas::Pintor()
 void TCanvas::EsquecerPintor() noexcept
 {
     FPintor = nullptr;
+    EsquecerAplicado();
+}
+
+void TCanvas::EsquecerAplicado() noexcept
+{
     FPenAplicada.reset();
     FBrushAplicado.reset();
     FSeloDaFonteAplicada = 0;
@@ -224,10 +229,12 @@ int TCanvas::TextHeight(const QString &) const
     return qRound(MetricasAtuais().height());
 }
 
-void TCanvas::EscreverNaOrigem(QPainter &P, const QString &Texto)
+void TCanvas::Escrever(QPainter &P, TPoint Referencia, const QString &Texto)
 {
     const QFontMetricsF &Metricas = MetricasAtuais();
-    const double Largura = Metricas.horizontalAdvance(Texto);
+    const bool ComFundo = Brush.Style != TBrushStyle::bsClear;
+    const bool AEsquerdaDoPonto = (TextAlign & TA_CENTER) != TA_CENTER && (TextAlign & TA_RIGHT) != TA_RIGHT;
+    const double Largura = ComFundo || !AEsquerdaDoPonto ? Metricas.horizontalAdvance(Texto) : 0;
     double X = 0;
     if ((TextAlign & TA_CENTER) == TA_CENTER)
         X = -std::floor(Largura / 2);
@@ -239,9 +246,9 @@ void TCanvas::EscreverNaOrigem(QPainter &P, const QString &Texto)
     else if ((TextAlign & TA_BOTTOM) == TA_BOTTOM)
         LinhaDeBase = -Metricas.descent();
     // Whole pixels, so that the same text looks the same wherever it stands.
-    X = std::round(X);
-    LinhaDeBase = std::round(LinhaDeBase);
-    if (Brush.Style != TBrushStyle::bsClear)
+    X = Referencia.X + std::round(X);
+    LinhaDeBase = Referencia.Y + std::round(LinhaDeBase);
+    if (ComFundo)
         P.fillRect(QRectF(X, LinhaDeBase - std::round(Metricas.ascent()), std::ceil(Largura),
                           std::round(Metricas.height())),
                    QBrush(Brush.Color.ParaQColor(), EstiloDoPincel(Brush.Style)));
@@ -260,12 +267,16 @@ void TCanvas::TextOut(int X, int Y, const QString &Texto)
     }
     P.setPen(Font.Color().ParaQColor());
     FPenAplicada.reset();
-    const double Graus = Font.Orientation() / 10.0;
+    const QString Desenhado = Font.TextoParaDesenhar(Texto);
+    if (Font.Orientation() == 0) {
+        Escrever(P, {X, Y}, Desenhado);
+        return;
+    }
+    const QTransform Antes = P.worldTransform();
     P.translate(X, Y);
-    P.rotate(-Graus); // the painter turns clockwise
-    EscreverNaOrigem(P, Font.TextoParaDesenhar(Texto));
-    P.rotate(Graus);
-    P.translate(-X, -Y);
+    P.rotate(Font.Orientation() / -10.0); // the painter turns clockwise, by degrees
+    Escrever(P, {}, Desenhado);
+    P.setWorldTransform(Antes);
 }
 
 void TCanvas::TextRect(const TRect &Area, int X, int Y, const QString &Texto)
@@ -273,15 +284,12 @@ void TCanvas::TextRect(const TRect &Area, int X, int Y, const QString &Texto)
     if (Area.Vazio())
         return;
     QPainter &P = Pintor();
-    // Not save() and restore(): those would also put back what the canvas believes to be applied.
-    const bool Recortava = P.hasClipping();
-    const QRegion Antigo = Recortava ? P.clipRegion() : QRegion();
-    P.setClipRect(Area.ParaQRect(), Recortava ? Qt::IntersectClip : Qt::ReplaceClip);
+    GuardarDoHospedeiro(P);
+    P.save();
+    P.setClipRect(Area.ParaQRect(), Qt::IntersectClip);
     TextOut(X, Y, Texto);
-    if (Recortava)
-        P.setClipRegion(Antigo);
-    else
-        P.setClipping(false);
+    P.restore();
+    EsquecerAplicado(); // restore() put back more than the clip
 }
 
 void TCanvas::LineTo(int X, int Y)

@@ -160,13 +160,14 @@ private:
     explicit TCanvas(TBitmap &Bitmap);
 
     void EsquecerPintor() noexcept;
+    void EsquecerAplicado() noexcept;
     QPainter &ComPen();
     QPainter &ComPenEBrush();
     void AplicarBrush(QPainter &P);
     void GuardarDoHospedeiro(QPainter &P);
     const QFont &FonteAtual() const;
     const QFontMetricsF &MetricasAtuais() const;
-    void EscreverNaOrigem(QPainter &P, const QString &Texto);
+    void Escrever(QPainter &P, TPoint Referencia, const QString &Texto);
     void DrawComModo(const QRect &Area, const QImage &Imagem);
 
     struct TEstadoDoHospedeiro {

@@ -49,7 +49,8 @@ private:
 };
 
 TLeitorXML::TLeitorXML(const QByteArray &Utf8)
-    // Without this option the parser hands "&amp;" in an attribute on as "&#38;". There are no other entities here.
+    // Without this option the parser hands "&amp;" in an attribute on as "&#38;". There are no other entities
+    // here.
     : TContextoXML(Utf8, XML_PARSE_NOENT)
     , FConstrutor(static_cast<std::size_t>(Utf8.size()))
 {
