@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "registro/Sibrel.h"
 
+#include "simbolos/SimboloImagem.h"
 #include "simbolos/TabelaDeSimbolos.h"
 #include "simbolos/TabelaDeSimbolosBD.h"
 
@@ -11,7 +12,8 @@ namespace Sibrel
 
 std::span<TModulo *const> ModulosDoPacote() noexcept
 {
-    static const std::array Modulos = {&ModuloTabelaDeSimbolos(), &ModuloTabelaDeSimbolosBD()};
+    static const std::array Modulos = {&ModuloTabelaDeSimbolos(), &ModuloSimboloImagem(),
+                                       &ModuloTabelaDeSimbolosBD()};
     return Modulos;
 }
 
