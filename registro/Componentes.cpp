@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "registro/Componentes.h"
 
+#include "simbolos/SimboloImagem.h"
 #include "simbolos/TabelaDeSimbolos.h"
+#include "simbolos/TabelaDeSimbolosBD.h"
 
 #include <QFile>
 #include <QPixmap>
@@ -22,10 +24,18 @@ QWidget *Novo(QWidget *Dono)
 
 constexpr std::array DaTabela = {QLatin1String("CorTransparente")};
 
+constexpr std::array DaImagem = {QLatin1String("Mascara"), QLatin1String("Cor"), QLatin1String("Centralizar"),
+                                 QLatin1String("Esticar")};
+
 constexpr std::array Componentes = {
     TComponenteDoPacote{QLatin1String("TTabelaDeSimbolos"), QLatin1String("simbolos/TabelaDeSimbolos.h"),
                         u"Tabela de símbolos numerados e rotulados", false, &Novo<TTabelaDeSimbolos>,
                         DaTabela},
+    TComponenteDoPacote{QLatin1String("TSimboloImagem"), QLatin1String("simbolos/SimboloImagem.h"),
+                        u"Máscara pintada em uma cor", true, &Novo<TSimboloImagem>, DaImagem},
+    TComponenteDoPacote{QLatin1String("TTabelaDeSimbolosBD"), QLatin1String("simbolos/TabelaDeSimbolosBD.h"),
+                        u"Tabela de símbolos preenchida por um banco de dados", false,
+                        &Novo<TTabelaDeSimbolosBD>, DaTabela},
 };
 
 } // namespace

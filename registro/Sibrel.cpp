@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "registro/Sibrel.h"
 
+#include "simbolos/SimboloImagem.h"
 #include "simbolos/SimboloVetorial.h"
 #include "simbolos/TabelaDeSimbolos.h"
+#include "simbolos/TabelaDeSimbolosBD.h"
 
 #include <algorithm>
 #include <array>
@@ -12,7 +14,8 @@ namespace Sibrel
 
 std::span<TModulo *const> ModulosDoPacote() noexcept
 {
-    static const std::array Modulos = {&ModuloTabelaDeSimbolos(), &ModuloSimboloVetorial()};
+    static const std::array Modulos = {&ModuloTabelaDeSimbolos(), &ModuloSimboloImagem(),
+                                       &ModuloTabelaDeSimbolosBD(), &ModuloSimboloVetorial()};
     return Modulos;
 }
 
