@@ -161,24 +161,25 @@ QByteArray LerArquivoInteiro(const QString &Nome)
 
 void GravarArquivoInteiro(const QString &Nome, QByteArrayView Bytes)
 {
-    const QString Verdadeiro = ResolverNomeParaGravar(Nome);
-    const auto Falhar = [&Nome](const QFileDevice &Arquivo) {
-        throw EFCreateError(QStringLiteral("Não foi possível gravar o arquivo <%1>!").arg(Nome),
-                            Arquivo.errorString() + u'.');
+    const auto Falhou = [&Nome](const QFileDevice &Arquivo) {
+        return EFCreateError(QStringLiteral("Não foi possível gravar o arquivo <%1>!").arg(Nome),
+                             Arquivo.errorString() + u'.');
     };
-    if (const QFileInfo Info(Verdadeiro); Info.exists() && !Info.isFile() && !Info.isDir()) {
-        // A device or a pipe has no former content to keep, and a new file must not take its place.
-        QFile Dispositivo(Verdadeiro);
-        if (!Dispositivo.open(QIODevice::WriteOnly | QIODevice::Unbuffered) ||
-            Dispositivo.write(Bytes.data(), Bytes.size()) != Bytes.size())
-            Falhar(Dispositivo);
+    const auto Escreve = [Bytes](QFileDevice &Arquivo) {
+        return Arquivo.open(QIODevice::WriteOnly) &&
+               Arquivo.write(Bytes.data(), Bytes.size()) == Bytes.size() && Arquivo.flush();
+    };
+    const QString Verdadeiro = ResolverNomeParaGravar(Nome);
+    if (const QFileInfo Alvo(Verdadeiro); Alvo.exists() && !Alvo.isFile()) {
+        QFile Direto(Verdadeiro); // a device or a pipe is written to, not replaced by a file
+        if (!Escreve(Direto))
+            throw Falhou(Direto);
         return;
     }
     QSaveFile Arquivo(Verdadeiro);
     Arquivo.setDirectWriteFallback(true); // a folder that forbids new files may still allow this one
-    if (!Arquivo.open(QIODevice::WriteOnly) || Arquivo.write(Bytes.data(), Bytes.size()) != Bytes.size() ||
-        !Arquivo.commit())
-        Falhar(Arquivo);
+    if (!Escreve(Arquivo) || !Arquivo.commit())
+        throw Falhou(Arquivo);
 }
 
 QString TextoDeArquivo(QByteArrayView Bytes)
