@@ -224,6 +224,7 @@ void TesteFolha::ProcuraSemAcentosNemMaiusculas_data()
     QTest::newRow("a mesma, se é a unica") << QStringLiteral("PONTE") << 1 << false << 1;
     QTest::newRow("com acentos") << QStringLiteral("Ação") << 0 << false << 2;
     QTest::newRow("para tras") << QStringLiteral("acao") << 2 << true << 0;
+    QTest::newRow("para tras, a vizinha") << QStringLiteral("o") << 2 << true << 1;
     QTest::newRow("para tras dá a volta") << QStringLiteral("acao") << 0 << true << 2;
     QTest::newRow("para tras do começo") << QStringLiteral("acao") << -1 << true << 2;
     QTest::newRow("nao ha") << QStringLiteral("xyz") << 0 << false << -1;
