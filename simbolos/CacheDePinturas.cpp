@@ -105,7 +105,8 @@ void Enxugar(TPintura &Pintura, int Densidade)
 }
 
 std::unique_ptr<TPintura> Preparar(const TRect &Rect, const TPinturaPedida &Pedida, const TPen &Caneta,
-                                   QSize Fisico, const std::function<void(TCanvas &)> &Pintar)
+                                   QSize Fisico, QPainter::RenderHints Dicas,
+                                   const std::function<void(TCanvas &)> &Pintar)
 {
     auto Pintura = std::make_unique<TPintura>();
     const double Densidade = Pedida.Chaves.front().Densidade;
@@ -116,6 +117,8 @@ std::unique_ptr<TPintura> Preparar(const TRect &Rect, const TPinturaPedida &Pedi
     Pintura->Imagem.setDevicePixelRatio(Densidade);
     {
         QPainter Pintor(&Pintura->Imagem);
+        Pintor.setRenderHints(Pintor.renderHints(), false);
+        Pintor.setRenderHints(Dicas);
         Pintor.translate(-Pedida.Alcance.Left, -Pedida.Alcance.Top);
         TCanvas Canvas(Pintor);
         Canvas.Pen = Caneta;
@@ -145,8 +148,9 @@ bool DesenharLembrada(TCanvas &Canvas, const TRect &Rect, const TPinturaPedida &
             return false;
         if (Largura < 1 || Altura < 1)
             return true;
-        std::unique_ptr<TPintura> Nova = Preparar(
-            Rect, Pedida, Caneta, QSize(static_cast<int>(Largura), static_cast<int>(Altura)), Pintar);
+        std::unique_ptr<TPintura> Nova =
+            Preparar(Rect, Pedida, Caneta, QSize(static_cast<int>(Largura), static_cast<int>(Altura)),
+                     Canvas.Pintor().renderHints(), Pintar);
         ++E.Preparadas;
         const qsizetype Custo = Nova->Imagem.sizeInBytes() + qsizetype{sizeof(TPintura)} +
                                 Nova->Dependencias.size() * qsizetype{sizeof(TChaveDePintura)};

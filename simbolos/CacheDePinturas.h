@@ -39,8 +39,8 @@ struct TPinturaPedida {
 /// The picture of `Pedida`, prepared by `Pintar` when it is not remembered, drawn where it stands.
 ///
 /// `Pintar` draws on the canvas that it is given, in the coordinates of the caller's; its canvas starts with
-/// the pen `Caneta`. False, and nothing drawn, when the surface does not show pixels one to one or the
-/// picture would be too large: the caller then draws directly. GUI thread only.
+/// the pen `Caneta` and the render hints of the caller's. False, and nothing drawn, when the surface does not
+/// show pixels one to one or the picture would be too large: the caller then draws directly. GUI thread only.
 SIBREL_EXPORT bool DesenharLembrada(TCanvas &Canvas, const TRect &Rect, const TPinturaPedida &Pedida,
                                     const TPen &Caneta, const std::function<void(TCanvas &)> &Pintar);
 
