@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "registro/Sibrel.h"
 
+#include "simbolos/SimboloVetorial.h"
 #include "simbolos/TabelaDeSimbolos.h"
 
 #include <array>
@@ -10,7 +11,7 @@ namespace Sibrel
 
 std::span<TModulo *const> ModulosDoPacote() noexcept
 {
-    static const std::array Modulos = {&ModuloTabelaDeSimbolos()};
+    static const std::array Modulos = {&ModuloTabelaDeSimbolos(), &ModuloSimboloVetorial()};
     return Modulos;
 }
 

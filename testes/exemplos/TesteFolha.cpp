@@ -45,6 +45,7 @@ class TesteFolha : public QObject
 private Q_SLOTS:
     void initTestCase();
     void AFiguraDaFolha();
+    void OsTextosDasFigurasFicamNasFiguras();
     void AFolhaNaTelaMostraOMesmoQueAImagem();
     void OTamanhoFicaNosLimites();
     void OSimboloAtualFicaAVistaQuandoOTamanhoMuda();
@@ -109,6 +110,24 @@ void TesteFolha::AFiguraDaFolha()
     QCOMPARE(CompararComControle(FolhaEmImagem(Biblioteca.Tabela(), 8, FFonte, Qt::red),
                                  QStringLiteral("hospedeiro-folha-8-vermelha")),
              QString());
+}
+
+// Wherever the cell is, and in the first drawing as in the second: the texts among the shapes, turned.
+void TesteFolha::OsTextosDasFigurasFicamNasFiguras()
+{
+    EscreverBytes(
+        FPasta.filePath(QStringLiteral("f.xml")),
+        "<FiguraVet><Poligono Fechado='S' CorFundo='B4E1F0' EstiloLinha='0'><Ponto X='4' Y='4'/>"
+        "<Ponto X='60' Y='4'/><Ponto X='60' Y='40'/><Ponto X='32' Y='60'/><Ponto X='4' Y='40'/></Poligono>"
+        "<Texto X='32' Y='22' Fonte='Sibrel Teste' Tamanho='10' Texto='P Ct' Orientacao='300'/>"
+        "</FiguraVet>");
+    TBiblioteca Biblioteca;
+    Biblioteca.Abrir(Gravar("3\nVetorial   \"Um\" f.xml\nVetorial   \"Outro\" f.xml\n"
+                            "Composto   \"Parte\" 1\nVetorial   f.xml\n"),
+                     FFontes);
+    const QImage Primeira = FolhaEmImagem(Biblioteca.Tabela(), 64, FFonte);
+    QCOMPARE(CompararComControle(Primeira, QStringLiteral("hospedeiro-vetorial")), QString());
+    QCOMPARE(FolhaEmImagem(Biblioteca.Tabela(), 64, FFonte), Primeira);
 }
 
 void TesteFolha::AFolhaNaTelaMostraOMesmoQueAImagem()

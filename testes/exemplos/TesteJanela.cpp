@@ -2,10 +2,12 @@
 // The window of the example host, driven by keys and drops as by its user.
 #include "hospedeiro/BotaoDeCor.h"
 #include "hospedeiro/FolhaDeSimbolos.h"
+#include "hospedeiro/JanelaDaFigura.h"
 #include "hospedeiro/JanelaPrincipal.h"
 #include "hospedeiro/PainelDeAvisos.h"
 
 #include "comum/Dados.h"
+#include "simbolos/SimboloVetorial.h"
 
 #include <QDropEvent>
 #include <QLineEdit>
@@ -26,11 +28,17 @@ class TJanelaDeTeste : public TJanelaPrincipal
 {
 public:
     QStringList Erros;
+    QStringList Figuras;
 
 protected:
     void MostrarErro(const QString &Mensagem, const QString &Detalhe) override
     {
         Erros += Mensagem + u'|' + Detalhe;
+    }
+    void MostrarFigura(Sibrel::TSimboloVetorial &Figura) override
+    {
+        Figuras +=
+            QStringLiteral("%1 %2").arg(Figura.ObterNomeArquivo()).arg(Figura.ObterElementos().Count());
     }
 };
 
@@ -55,6 +63,9 @@ private Q_SLOTS:
     void OQueNaoEArquivoNaoESolto();
     void ExportaEPassaAoNovoNome();
     void UmErroAoExportarEMostrado();
+    void AFiguraAbreNaSuaJanela();
+    void OSimboloVetorialAbreComEnter();
+    void AJanelaDaFiguraListaOsCampos();
     void CadaComandoTemTeclaDeAcesso();
 
 private:
@@ -212,6 +223,48 @@ void TesteJanela::UmErroAoExportarEMostrado()
 {
     QVERIFY(!FJanela->Exportar(FPasta->filePath(QStringLiteral("nao/ha/b.txt"))));
     QCOMPARE(FJanela->Erros.size(), 1);
+}
+
+void TesteJanela::AFiguraAbreNaSuaJanela()
+{
+    const QString Figura = DadoDeExemplo(QStringLiteral("figuras/alvo.xml"));
+    QVERIFY(FJanela->AbrirFigura(Figura));
+    QMimeData Dados;
+    Dados.setUrls({QUrl::fromLocalFile(Figura)});
+    Soltar(Dados);
+    QCOMPARE(FJanela->Figuras, QStringList({Figura + QStringLiteral(" 7"), Figura + QStringLiteral(" 7")}));
+    QVERIFY(!FJanela->AbrirFigura(Gravar(QStringLiteral("ruim.xml"), "nada")));
+    QCOMPARE(FJanela->Erros.size(), 1);
+    QCOMPARE(FJanela->Figuras.size(), 2);
+}
+
+void TesteJanela::OSimboloVetorialAbreComEnter()
+{
+    Gravar(QStringLiteral("f.xml"), "<FiguraVet><Ponto X='1' Y='1'/></FiguraVet>");
+    QVERIFY(FJanela->Abrir(
+        Gravar(QStringLiteral("b.txt"), "2\nVetorial   \"Ponto\" f.xml\nComposto   \"Nada\" 0\n")));
+    QTest::keyClick(&Folha(), Qt::Key_Return);
+    QCOMPARE(FJanela->Figuras, QStringList(QStringLiteral("f.xml 1")));
+    Folha().IrPara(1);
+    QTest::keyClick(&Folha(), Qt::Key_Return);
+    QCOMPARE(FJanela->Figuras.size(), 1);
+}
+
+void TesteJanela::AJanelaDaFiguraListaOsCampos()
+{
+    Sibrel::TSimboloVetorial Figura;
+    Figura.LerArquivo(DadoDeExemplo(QStringLiteral("figuras/textos_girados.xml")));
+    TJanelaDaFigura Janela(Figura);
+    QCOMPARE(Janela.windowTitle(), QStringLiteral("Figura textos_girados.xml"));
+    const auto *Lista = Janela.findChild<QTreeWidget *>();
+    QCOMPARE(Lista->topLevelItemCount(), 8);
+    const QTreeWidgetItem *Texto = Lista->topLevelItem(3);
+    QCOMPARE(Texto->text(0), QStringLiteral("3: Texto"));
+    QCOMPARE(Texto->childCount(), 9);
+    QCOMPARE(Texto->child(2)->text(0), QStringLiteral("Cor"));
+    QCOMPARE(Texto->child(2)->text(1), QStringLiteral("#c81e1e"));
+    QVERIFY(!Texto->child(2)->icon(1).isNull());
+    QVERIFY(Texto->isExpanded());
 }
 
 void TesteJanela::CadaComandoTemTeclaDeAcesso()

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+#include <QLocale>
+#include <QString>
+
+namespace Hospedeiro
+{
+
+/// One field of a symbol or of an element of a figure, in words.
+struct TCampo {
+    QString Nome;
+    QString Valor;
+};
+
+/// The shortest decimal text that reads back as the same number; point as separator.
+inline QString Decimal(double Valor)
+{
+    return QString::number(Valor, 'g', QLocale::FloatingPointShortest);
+}
+
+/// What `Texto` is in a column of a list: without tabs, which separate the columns.
+inline QString EmUmaColuna(QString Texto)
+{
+    return Texto.replace(u'\t', u' ');
+}
+
+} // namespace Hospedeiro
