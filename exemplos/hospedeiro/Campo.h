@@ -25,4 +25,10 @@ inline QString EmUmaColuna(QString Texto)
     return Texto.replace(u'\t', u' ');
 }
 
+/// A text as a tooltip that shows it as it is: names in angle brackets would be taken for markup.
+inline QString Dica(const QString &Texto)
+{
+    return QStringLiteral("<p style=\"white-space:pre-wrap\">%1</p>").arg(Texto.toHtmlEscaped());
+}
+
 } // namespace Hospedeiro

@@ -27,8 +27,11 @@ namespace
 constexpr QSize TamanhoDaJanela(760, 440);
 constexpr int MenorQuadro = 160;
 constexpr int LarguraDoQuadro = 320;
+constexpr std::int64_t MaiorLado = 1 << 24; // of a figure; beyond it nobody sees a difference
+constexpr std::int64_t MargemDoDesenho = 3; // that a figure is drawn with, left out of its scale
 
-// The figure on paper, as large as fits.
+// The figure on paper, as large as fits. It is drawn at its own size under a painter that enlarges it: texts,
+// which do not grow with the rectangle of a symbol, stay what they are among the shapes.
 class TQuadro : public QWidget
 {
 public:
@@ -44,17 +47,34 @@ protected:
     {
         QPainter Pintor(this);
         Pintor.fillRect(rect(), Qt::white);
-        PintarSimbolo(Pintor, rect(), FFigura, Qt::black);
+        Pintor.setRenderHint(QPainter::Antialiasing);
+        const QRect Tamanho = TamanhoProprio();
+        const double Escala =
+            std::min(double(width()) / Tamanho.width(), double(height()) / Tamanho.height());
+        Pintor.translate(QRectF(rect()).center());
+        Pintor.scale(Escala, Escala);
+        PintarSimbolo(Pintor, Tamanho, FFigura, Qt::black);
     }
 
 private:
+    // The rectangle around (0, 0) into which the figure is drawn one unit a pixel.
+    QRect TamanhoProprio() const
+    {
+        const Sibrel::TRect Area = FFigura.ObterElementos().ObterArea();
+        const auto Lado = [](std::int64_t Unidades) {
+            return static_cast<int>(std::clamp(Unidades, std::int64_t{1}, MaiorLado) + MargemDoDesenho);
+        };
+        const QSize Inteiro(Lado(Area.Width()), Lado(Area.Height()));
+        return {QPoint(-(Inteiro.width() / 2), -(Inteiro.height() / 2)), Inteiro};
+    }
+
     Sibrel::TSimboloVetorial &FFigura;
 };
 
 QTreeWidgetItem *ItemDoCampo(const TCampo &Campo)
 {
     auto *Item = new QTreeWidgetItem({Campo.Nome, Campo.Valor});
-    Item->setToolTip(1, Campo.Valor);
+    Item->setToolTip(1, Dica(Campo.Valor));
     if (Campo.Nome.startsWith(QLatin1String("Cor")) && QColor::isValidColor(Campo.Valor)) {
         constexpr int Lado = 12;
         QPixmap Amostra(Lado, Lado);

@@ -144,6 +144,7 @@ void TJanelaPrincipal::MostrarErro(const QString &Mensagem, const QString &Detal
 {
     QMessageBox Caixa(QMessageBox::Critical, QGuiApplication::applicationDisplayName(), Mensagem,
                       QMessageBox::Ok, this);
+    Caixa.setTextFormat(Qt::PlainText); // names stand in angle brackets
     Caixa.setInformativeText(Detalhe);
     Caixa.exec();
 }
@@ -258,6 +259,7 @@ void TJanelaPrincipal::MontarEstado()
 {
     FContagem = new QLabel(this);
     FAtual = new QLabel(this);
+    FAtual->setTextFormat(Qt::PlainText);
     statusBar()->addWidget(FAtual, 1);
     statusBar()->addPermanentWidget(FContagem);
     connect(FFolha->selectionModel(), &QItemSelectionModel::currentChanged, this,

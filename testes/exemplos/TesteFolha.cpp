@@ -226,9 +226,12 @@ void TesteFolha::OModeloSegueATabela()
     QCOMPARE(Refeito, 1);
     QCOMPARE(Modelo.rowCount(), 2);
     QCOMPARE(Modelo.index(1, 0).data().toString(), QStringLiteral("Rotulo 1"));
-    QCOMPARE(Modelo.index(1, 0).data(Qt::ToolTipRole).toString(),
+    QCOMPARE(Modelo.index(1, 0).data(Qt::AccessibleDescriptionRole).toString(),
              QStringLiteral("1: Rotulo 1\ntipo: Fonte\ncaracter: 34\ncharset: 2\nproporcao: 1\n"
                             "fonte: Sibrel Simbolos"));
+    Tabela.ObterRotulos().AtribuirLinha(1, QStringLiteral("<b>"));
+    QVERIFY(
+        Modelo.index(1, 0).data(Qt::ToolTipRole).toString().contains(QStringLiteral("1: &lt;b&gt;\ntipo")));
 }
 
 void TesteFolha::ProcuraSemAcentosNemMaiusculas_data()

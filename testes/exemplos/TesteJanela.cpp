@@ -5,6 +5,7 @@
 #include "hospedeiro/JanelaDaFigura.h"
 #include "hospedeiro/JanelaPrincipal.h"
 #include "hospedeiro/PainelDeAvisos.h"
+#include "hospedeiro/PinturaDeSimbolo.h"
 
 #include "comum/Dados.h"
 #include "simbolos/SimboloVetorial.h"
@@ -14,6 +15,7 @@
 #include <QMenuBar>
 #include <QMimeData>
 #include <QSlider>
+#include <QSplitter>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTreeWidget>
@@ -42,6 +44,18 @@ protected:
     }
 };
 
+QRegion AreaVermelha(const QImage &Imagem)
+{
+    QRegion Area;
+    for (int Y = 0; Y < Imagem.height(); ++Y)
+        for (int X = 0; X < Imagem.width(); ++X) {
+            const QColor Cor = Imagem.pixelColor(X, Y);
+            if (Cor.red() > 150 && Cor.green() < 80 && Cor.blue() < 80)
+                Area += QRect(X, Y, 1, 1);
+        }
+    return Area;
+}
+
 } // namespace
 
 class TesteJanela : public QObject
@@ -66,6 +80,7 @@ private Q_SLOTS:
     void AFiguraAbreNaSuaJanela();
     void OSimboloVetorialAbreComEnter();
     void AJanelaDaFiguraListaOsCampos();
+    void AFiguraCresceComOsSeusTextos();
     void CadaComandoTemTeclaDeAcesso();
 
 private:
@@ -254,6 +269,7 @@ void TesteJanela::AJanelaDaFiguraListaOsCampos()
 {
     Sibrel::TSimboloVetorial Figura;
     Figura.LerArquivo(DadoDeExemplo(QStringLiteral("figuras/textos_girados.xml")));
+    PrepararSimbolo(Figura);
     TJanelaDaFigura Janela(Figura);
     QCOMPARE(Janela.windowTitle(), QStringLiteral("Figura textos_girados.xml"));
     const auto *Lista = Janela.findChild<QTreeWidget *>();
@@ -265,6 +281,31 @@ void TesteJanela::AJanelaDaFiguraListaOsCampos()
     QCOMPARE(Texto->child(2)->text(1), QStringLiteral("#c81e1e"));
     QVERIFY(!Texto->child(2)->icon(1).isNull());
     QVERIFY(Texto->isExpanded());
+}
+
+void TesteJanela::AFiguraCresceComOsSeusTextos()
+{
+    CarregarFontes();
+    Sibrel::TSimboloVetorial Figura;
+    Figura.Atualizar(QStringLiteral(
+        "<FiguraVet><Setor RaioMaior='40' RaioMenor='39' CorFundo='FFFFFF'/>"
+        "<Texto X='20' Y='-10' Cor='0000FF' Fonte='Sibrel Teste' Tamanho='8' Texto='HH'/></FiguraVet>"));
+    TJanelaDaFigura Janela(Figura);
+    const auto Vermelhos = [&Janela](int Lado) {
+        Janela.findChild<QSplitter *>()->setSizes({Lado, Lado});
+        Janela.resize(2 * Lado + 30, Lado + 70);
+        const QImage Quadro = Janela.findChild<QSplitter *>()->widget(0)->grab().toImage();
+        return AreaVermelha(Quadro).boundingRect();
+    };
+    Janela.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&Janela));
+    const QRect Pequena = Vermelhos(200);
+    const QRect Grande = Vermelhos(400);
+    QVERIFY(Pequena.width() > 20);
+    QVERIFY(Grande.width() > 17 * Pequena.width() / 10);
+    // To the right of the middle and above it, as in the figure.
+    const QPoint Meio = Janela.findChild<QSplitter *>()->widget(0)->rect().center();
+    QVERIFY(Grande.left() > Meio.x() && Grande.bottom() < Meio.y());
 }
 
 void TesteJanela::CadaComandoTemTeclaDeAcesso()
