@@ -57,9 +57,11 @@ void TesteConversao::Inteiros()
 void TesteConversao::OQueNaoEInteiroERecusado_data()
 {
     QTest::addColumn<QString>("Texto");
-    for (const char *T :
-         {"", " ", "+", "-", "$", "-$", "abc", "1 ", "1.5", "1,5", "--1", "+-1", "$-1", "$$1", "0x10", "\t1",
-          "2147483648", "-2147483649", "$100000000", "99999999999999999999", "1\xC2\xA0", "\xD9\xA1"})
+    for (const char *T : {"",          " ",          "+",           "-",          "$",
+                          "-$",        "abc",        "1 ",          "1.5",        "1,5",
+                          "--1",       "+-1",        "$-1",         "$$1",        "0x10",
+                          "\t1",       "2147483648", "-2147483649", "$100000000", "99999999999999999999",
+                          "1\xC2\xA0", "\xD9\xA1"})
         QTest::newRow(T) << QString::fromUtf8(T);
 }
 

@@ -212,7 +212,8 @@ void TesteElementos::OPontoDeixaOEstiloDaCaneta()
 {
     TPonto P;
     P.AtribuirCor(clLime);
-    const TDesenho D = Desenhado(P, {0, 0, 40, 40}, {clRed, TPenStyle::psDash, 1}, {clRed, TBrushStyle::bsCross});
+    const TDesenho D =
+        Desenhado(P, {0, 0, 40, 40}, {clRed, TPenStyle::psDash, 1}, {clRed, TBrushStyle::bsCross});
     QVERIFY(D.Pen == (TPen{clLime, TPenStyle::psDash, 1}));
     QVERIFY(D.Brush == (TBrush{clLime, TBrushStyle::bsSolid}));
 }

@@ -86,17 +86,18 @@ void Compor(TSimboloVetorial &S)
     S.ObterElementos().Add(std::move(G));
 }
 
-const QByteArray Composta = "<FiguraVet>\r\n"
-                            "<Ponto X=\"3\" Y=\"-4\" Cor=\"0000FF\"/>\r\n"
-                            "<Texto X=\"1\" Y=\"2\" Cor=\"8000000D\" Fonte=\"Sibrel Teste\" Tamanho=\"12\" "
-                            "Texto=\"Posi\xE7\xE3o \x80\" Orientacao=\"900\" AlinhamentoVertical=\"1\" "
-                            "AlinhamentoHorizontal=\"0\"/>\r\n"
-                            "<Setor X=\"-1\" Y=\"5\" Fechado=\"S\" RaioMaior=\"30.5\" RaioMenor=\"0.1\" "
-                            "AngI=\"0\" fAngF=\"1.25\" CorLinha=\"0A0B0C\" CorFundo=\"FFFFFF\" "
-                            "EstiloLinha=\"6\" EstiloFundo=\"7\"/>\r\n"
-                            "<Poligono Fechado=\"S\" CorLinha=\"FF0000\" CorFundo=\"00FF00\" EstiloLinha=\"0\" "
-                            "EstiloFundo=\"1\"><Ponto X=\"0\" Y=\"0\"/><Ponto X=\"-7\" Y=\"8\"/></Poligono>\r\n"
-                            "</FiguraVet>\r\n";
+const QByteArray Composta =
+    "<FiguraVet>\r\n"
+    "<Ponto X=\"3\" Y=\"-4\" Cor=\"0000FF\"/>\r\n"
+    "<Texto X=\"1\" Y=\"2\" Cor=\"8000000D\" Fonte=\"Sibrel Teste\" Tamanho=\"12\" "
+    "Texto=\"Posi\xE7\xE3o \x80\" Orientacao=\"900\" AlinhamentoVertical=\"1\" "
+    "AlinhamentoHorizontal=\"0\"/>\r\n"
+    "<Setor X=\"-1\" Y=\"5\" Fechado=\"S\" RaioMaior=\"30.5\" RaioMenor=\"0.1\" "
+    "AngI=\"0\" fAngF=\"1.25\" CorLinha=\"0A0B0C\" CorFundo=\"FFFFFF\" "
+    "EstiloLinha=\"6\" EstiloFundo=\"7\"/>\r\n"
+    "<Poligono Fechado=\"S\" CorLinha=\"FF0000\" CorFundo=\"00FF00\" EstiloLinha=\"0\" "
+    "EstiloFundo=\"1\"><Ponto X=\"0\" Y=\"0\"/><Ponto X=\"-7\" Y=\"8\"/></Poligono>\r\n"
+    "</FiguraVet>\r\n";
 
 } // namespace
 
@@ -164,10 +165,11 @@ void TesteFiguraXML::OEscritorAoByte()
 void TesteFiguraXML::OsPadroesEscritos()
 {
     QCOMPARE(TPonto().ObterXML(), QStringLiteral("<Ponto X=\"0\" Y=\"0\" Cor=\"000000\"/>"));
-    QCOMPARE(TSetor().ObterXML(),
-             QStringLiteral("<Setor X=\"0\" Y=\"0\" Fechado=\"N\" RaioMaior=\"-1\" RaioMenor=\"-1\" AngI=\"-1\" "
-                            "fAngF=\"-1\" CorLinha=\"000000\" CorFundo=\"FFFFFF\" EstiloLinha=\"2\" "
-                            "EstiloFundo=\"0\"/>"));
+    QCOMPARE(
+        TSetor().ObterXML(),
+        QStringLiteral("<Setor X=\"0\" Y=\"0\" Fechado=\"N\" RaioMaior=\"-1\" RaioMenor=\"-1\" AngI=\"-1\" "
+                       "fAngF=\"-1\" CorLinha=\"000000\" CorFundo=\"FFFFFF\" EstiloLinha=\"2\" "
+                       "EstiloFundo=\"0\"/>"));
     QCOMPARE(TPoligono().ObterXML(),
              QStringLiteral("<Poligono Fechado=\"N\" CorLinha=\"000000\" CorFundo=\"000000\" "
                             "EstiloLinha=\"2\" EstiloFundo=\"0\"></Poligono>"));
@@ -273,8 +275,9 @@ void TesteFiguraXML::OLeitorAceitaOAnguloFinal()
 void TesteFiguraXML::OPoligonoAceitaQualquerFilhoComXeY()
 {
     TSimboloVetorial S;
-    S.Atualizar(Figura(QStringLiteral("<Poligono>texto<Ponto X='0' Y='0'/><!-- nada --><Outro X='1' Y='1' Z='9'/>"
-                                      "<Ponto X='2'/></Poligono>")));
+    S.Atualizar(
+        Figura(QStringLiteral("<Poligono>texto<Ponto X='0' Y='0'/><!-- nada --><Outro X='1' Y='1' Z='9'/>"
+                              "<Ponto X='2'/></Poligono>")));
     const auto &L = Elemento<TPoligono>(S, 0).ObterListaPosicao();
     QCOMPARE(L.Count(), 2);
     QVERIFY(L.ObterPosicao(0) == TPoint(0, 0));
@@ -295,8 +298,9 @@ void TesteFiguraXML::OPoligonoTrocaOsVertices()
 void TesteFiguraXML::ElementosDeOutroNomeSaoPulados()
 {
     TSimboloVetorial S;
-    S.Atualizar(Figura(QStringLiteral("<Elipse RaioMaior='3'/><ponto X='1'/><PONTO/>texto<!--Ponto--><?Ponto?>"
-                                      "<g><Ponto/></g><Ponto X='7'/>")));
+    S.Atualizar(
+        Figura(QStringLiteral("<Elipse RaioMaior='3'/><ponto X='1'/><PONTO/>texto<!--Ponto--><?Ponto?>"
+                              "<g><Ponto/></g><Ponto X='7'/>")));
     QCOMPARE(S.ObterElementos().Count(), 1);
     QCOMPARE(Elemento<TPonto>(S, 0).X(), 7);
 }
@@ -366,11 +370,11 @@ void TesteFiguraXML::ATabelaDeSimENao()
 void TesteFiguraXML::NumeroRuimDeixaOsAnteriores_data()
 {
     QTest::addColumn<QString>("Ruim");
-    for (const char *R : {"<Ponto X='a'/>", "<Ponto Y=''/>", "<Texto Tamanho='1.5'/>", "<Texto Orientacao='x'/>",
-                          "<Texto AlinhamentoVertical='c'/>", "<Texto AlinhamentoHorizontal=' '/>",
-                          "<Setor RaioMaior='r'/>", "<Setor AngI=''/>", "<Setor CorFundo='azul'/>",
-                          "<Setor EstiloLinha='solida'/>", "<Poligono EstiloFundo='x'/>",
-                          "<Poligono><Ponto X='1' Y='q'/></Poligono>"})
+    for (const char *R :
+         {"<Ponto X='a'/>", "<Ponto Y=''/>", "<Texto Tamanho='1.5'/>", "<Texto Orientacao='x'/>",
+          "<Texto AlinhamentoVertical='c'/>", "<Texto AlinhamentoHorizontal=' '/>", "<Setor RaioMaior='r'/>",
+          "<Setor AngI=''/>", "<Setor CorFundo='azul'/>", "<Setor EstiloLinha='solida'/>",
+          "<Poligono EstiloFundo='x'/>", "<Poligono><Ponto X='1' Y='q'/></Poligono>"})
         QTest::newRow(R) << QString::fromLatin1(R);
 }
 
@@ -388,7 +392,8 @@ void TesteFiguraXML::OElementoRuimFicaComOQueLeu()
 {
     TPonto P;
     QVERIFY_EXCEPTION_THROWN(
-        P.AtribuirXML(TXMLDocument::DeTexto(u"<Ponto Y='2' X='ruim' Cor='FF'/>")->DocumentElement()), EConvertError);
+        P.AtribuirXML(TXMLDocument::DeTexto(u"<Ponto Y='2' X='ruim' Cor='FF'/>")->DocumentElement()),
+        EConvertError);
     QVERIFY(P.Cor() == clRed); // read before X
     QCOMPARE(P.Y(), 0);        // read behind it
 }
@@ -397,8 +402,8 @@ void TesteFiguraXML::XMLMalFormadoNaoCriaNada()
 {
     TSimboloVetorial S;
     S.Atualizar(Figura(QStringLiteral("<Ponto/>")));
-    for (const char *Ruim : {"", "   ", "<FiguraVet>", "<FiguraVet><Ponto/></Figura>", "<FiguraVet><Ponto X=1/></FiguraVet>",
-                             "<FiguraVet/><FiguraVet/>", "nada"})
+    for (const char *Ruim : {"", "   ", "<FiguraVet>", "<FiguraVet><Ponto/></Figura>",
+                             "<FiguraVet><Ponto X=1/></FiguraVet>", "<FiguraVet/><FiguraVet/>", "nada"})
         QVERIFY_EXCEPTION_THROWN(S.Atualizar(QLatin1String(Ruim)), EDOMParseError);
     QCOMPARE(S.ObterElementos().Count(), 1);
 }
@@ -498,7 +503,8 @@ void TesteFiguraXML::CadaAmostraVoltaIgual()
 
 void TesteFiguraXML::CadaTruncamentoERecusado()
 {
-    const QByteArray Inteira = Testes::BytesDe(Testes::DadoDeExemplo(QStringLiteral("figuras/fatias.xml"))).trimmed();
+    const QByteArray Inteira =
+        Testes::BytesDe(Testes::DadoDeExemplo(QStringLiteral("figuras/fatias.xml"))).trimmed();
     QVERIFY(Inteira.size() > 500);
     for (qsizetype N = 0; N < Inteira.size(); ++N) {
         Testes::EscreverBytes(Nome("curta.xml"), Inteira.first(N));
@@ -517,8 +523,8 @@ void TesteFiguraXML::BombaDeEntidades()
     TSimboloVetorial S;
     QElapsedTimer Relogio;
     Relogio.start();
-    QVERIFY_EXCEPTION_THROWN(S.Atualizar(DTD + QStringLiteral("]><FiguraVet><Texto Texto='&e11;'/></FiguraVet>")),
-                             EDOMParseError);
+    QVERIFY_EXCEPTION_THROWN(
+        S.Atualizar(DTD + QStringLiteral("]><FiguraVet><Texto Texto='&e11;'/></FiguraVet>")), EDOMParseError);
     QVERIFY(Relogio.elapsed() < 5000);
 }
 
@@ -538,16 +544,16 @@ void TesteFiguraXML::ProfundidadeCemMil()
     TSimboloVetorial S;
     QElapsedTimer Relogio;
     Relogio.start();
-    QVERIFY_EXCEPTION_THROWN(S.Atualizar(Figura(QStringLiteral("<a>").repeated(Fundo) +
-                                                QStringLiteral("</a>").repeated(Fundo))),
-                             EDOMParseError);
+    QVERIFY_EXCEPTION_THROWN(
+        S.Atualizar(Figura(QStringLiteral("<a>").repeated(Fundo) + QStringLiteral("</a>").repeated(Fundo))),
+        EDOMParseError);
     QVERIFY(Relogio.elapsed() < 5000);
 }
 
 void TesteFiguraXML::AtributoDeCemMegabytes()
 {
-    Testes::EscreverBytes(Nome("grande.xml"), "<FiguraVet><Texto Texto='" + QByteArray(100'000'000, 'x') +
-                                                  "'/></FiguraVet>");
+    Testes::EscreverBytes(Nome("grande.xml"),
+                          "<FiguraVet><Texto Texto='" + QByteArray(100'000'000, 'x') + "'/></FiguraVet>");
     TSimboloVetorial S;
     QElapsedTimer Relogio;
     Relogio.start();

@@ -246,8 +246,9 @@ void TesteSimboloVetorial::RetangulosNosLimitesNaoDerrubam()
     TSimboloVetorial S;
     S.LerArquivo(Testes::DadoDeExemplo(QStringLiteral("figuras/rosa_dos_ventos.xml")));
     for (int Vez = 0; Vez < 3; ++Vez)
-        for (const TRect &R : {TRect(Menor, Menor, Maior, Maior), TRect(Maior, Maior, Menor, Menor), TRect(),
-                               TRect(Maior - 40, Maior - 40, Maior, Maior), TRect(Menor, Menor, Menor + 40, Menor + 40)})
+        for (const TRect &R :
+             {TRect(Menor, Menor, Maior, Maior), TRect(Maior, Maior, Menor, Menor), TRect(),
+              TRect(Maior - 40, Maior - 40, Maior, Maior), TRect(Menor, Menor, Menor + 40, Menor + 40)})
             Desenhado(S, R);
 }
 
@@ -393,18 +394,25 @@ void TesteSimboloVetorial::ONomeRelativoAABiblioteca_data()
     QTest::addColumn<QString>("Biblioteca");
     QTest::addColumn<QString>("Figura");
     QTest::addColumn<QByteArray>("Linha");
-    QTest::newRow("abaixo, Windows") << "C:\\simbolos\\lib.txt" << "C:\\simbolos\\figuras\\alvo.xml"
+    QTest::newRow("abaixo, Windows") << "C:\\simbolos\\lib.txt"
+                                     << "C:\\simbolos\\figuras\\alvo.xml"
                                      << QByteArray(" figuras\\alvo.xml \r\n");
-    QTest::newRow("ao lado, Windows") << "C:\\simbolos\\lib.txt" << "C:\\outros\\alvo.xml"
-                                      << QByteArray(" C:\\outros\\alvo.xml \r\n");
-    QTest::newRow("outra unidade") << "C:\\simbolos\\lib.txt" << "D:\\alvo.xml" << QByteArray(" D:\\alvo.xml \r\n");
-    QTest::newRow("outra caixa") << "c:\\Simbolos\\lib.txt" << "C:\\SIMBOLOS\\alvo.xml"
-                                 << QByteArray(" alvo.xml \r\n");
-    QTest::newRow("abaixo") << "/s/lib.txt" << "/s/figuras/alvo.xml" << QByteArray(" figuras/alvo.xml \r\n");
-    QTest::newRow("ao lado") << "/s/lib.txt" << "/outros/alvo.xml" << QByteArray(" /outros/alvo.xml \r\n");
-    QTest::newRow("ja relativo") << "/s/lib.txt" << "figuras\\alvo.xml" << QByteArray(" figuras\\alvo.xml \r\n");
-    QTest::newRow("relativo que sobe") << "/s/lib.txt" << "..\\alvo.xml" << QByteArray(" ..\\alvo.xml \r\n");
-    QTest::newRow("tabela sem nome") << "" << "/s/alvo.xml" << QByteArray(" /s/alvo.xml \r\n");
+    QTest::newRow("ao lado, Windows") << "C:\\simbolos\\lib.txt"
+                                      << "C:\\outros\\alvo.xml" << QByteArray(" C:\\outros\\alvo.xml \r\n");
+    QTest::newRow("outra unidade") << "C:\\simbolos\\lib.txt"
+                                   << "D:\\alvo.xml" << QByteArray(" D:\\alvo.xml \r\n");
+    QTest::newRow("outra caixa") << "c:\\Simbolos\\lib.txt"
+                                 << "C:\\SIMBOLOS\\alvo.xml" << QByteArray(" alvo.xml \r\n");
+    QTest::newRow("abaixo") << "/s/lib.txt"
+                            << "/s/figuras/alvo.xml" << QByteArray(" figuras/alvo.xml \r\n");
+    QTest::newRow("ao lado") << "/s/lib.txt"
+                             << "/outros/alvo.xml" << QByteArray(" /outros/alvo.xml \r\n");
+    QTest::newRow("ja relativo") << "/s/lib.txt"
+                                 << "figuras\\alvo.xml" << QByteArray(" figuras\\alvo.xml \r\n");
+    QTest::newRow("relativo que sobe") << "/s/lib.txt"
+                                       << "..\\alvo.xml" << QByteArray(" ..\\alvo.xml \r\n");
+    QTest::newRow("tabela sem nome") << ""
+                                     << "/s/alvo.xml" << QByteArray(" /s/alvo.xml \r\n");
 }
 
 void TesteSimboloVetorial::ONomeRelativoAABiblioteca()
@@ -423,7 +431,8 @@ void TesteSimboloVetorial::SemTabelaONomeInteiro()
 {
     TSimboloVetorial S;
     S.LerArquivo(Nome(QStringLiteral("figuras/alvo.xml")));
-    QCOMPARE(Registro(nullptr, S), (u' ' + Nome(QStringLiteral("figuras/alvo.xml")) + u' ').toLatin1() + "\r\n");
+    QCOMPARE(Registro(nullptr, S),
+             (u' ' + Nome(QStringLiteral("figuras/alvo.xml")) + u' ').toLatin1() + "\r\n");
 }
 
 void TesteSimboloVetorial::SemNomeDoisBrancos()
@@ -438,7 +447,8 @@ void TesteSimboloVetorial::SemNomeDoisBrancos()
 void TesteSimboloVetorial::OComentarioECortado()
 {
     QDir::setCurrent(FPasta.path());
-    TArquivoDeLeitura Arquivo(" figuras\\alvo.xml  // o alvo // de sempre\r\nresto\r\n", QStringLiteral("lib.txt"));
+    TArquivoDeLeitura Arquivo(" figuras\\alvo.xml  // o alvo // de sempre\r\nresto\r\n",
+                              QStringLiteral("lib.txt"));
     TSimboloVetorial S;
     TTratadorDeSimboloVetorial(nullptr).Ler(Arquivo, S);
     QCOMPARE(S.ObterNomeArquivo(), QStringLiteral("figuras\\alvo.xml"));
@@ -506,7 +516,8 @@ void TesteSimboloVetorial::FiguraAusenteNaBiblioteca()
 void TesteSimboloVetorial::FiguraDanificadaNaBiblioteca()
 {
     Testes::EscreverBytes(Nome(QStringLiteral("figuras/ruim.xml")), "<FiguraVet><Ponto");
-    Testes::EscreverBytes(Nome(QStringLiteral("danificada.txt")), "    1\r\nVetorial   \"Um\" figuras\\ruim.xml\r\n");
+    Testes::EscreverBytes(Nome(QStringLiteral("danificada.txt")),
+                          "    1\r\nVetorial   \"Um\" figuras\\ruim.xml\r\n");
     TTabelaDeSimbolos Tabela;
     QVERIFY_EXCEPTION_THROWN(Tabela.Importar(Nome(QStringLiteral("danificada.txt"))), EDOMParseError);
     QVERIFY(Tabela.AvisosDaImportacao()[0].Tipo == TTipoDeAviso::FiguraIlegivel);
@@ -514,9 +525,10 @@ void TesteSimboloVetorial::FiguraDanificadaNaBiblioteca()
 
 void TesteSimboloVetorial::DentroDeUmComposto()
 {
-    Testes::EscreverBytes(Nome(QStringLiteral("composto.txt")),
-                          "    1\r\nComposto   \"Dois\"                   2 \r\nVetorial    figuras\\alvo.xml \r\n"
-                          "Vetorial    figuras\\alvo.xml \r\n");
+    Testes::EscreverBytes(
+        Nome(QStringLiteral("composto.txt")),
+        "    1\r\nComposto   \"Dois\"                   2 \r\nVetorial    figuras\\alvo.xml \r\n"
+        "Vetorial    figuras\\alvo.xml \r\n");
     TTabelaDeSimbolos Tabela;
     Tabela.Importar(Nome(QStringLiteral("composto.txt")));
     auto &C = dynamic_cast<TSimboloComposto &>(*Tabela.Simbolos().ObterSimbolo(0));
