@@ -146,12 +146,24 @@ QByteArray LerArquivoInteiro(const QString &Nome)
 
 void GravarArquivoInteiro(const QString &Nome, QByteArrayView Bytes)
 {
+    const auto Falhou = [&Nome](const QFileDevice &Arquivo) {
+        return EFCreateError(QStringLiteral("Não foi possível gravar o arquivo <%1>!").arg(Nome),
+                             Arquivo.errorString() + u'.');
+    };
+    const auto Escreve = [Bytes](QFileDevice &Arquivo) {
+        return Arquivo.open(QIODevice::WriteOnly) &&
+               Arquivo.write(Bytes.data(), Bytes.size()) == Bytes.size() && Arquivo.flush();
+    };
+    if (const QFileInfo Alvo(Nome); Alvo.exists() && !Alvo.isFile()) {
+        QFile Direto(Nome); // a device or a pipe is written to, not replaced by a file
+        if (!Escreve(Direto))
+            throw Falhou(Direto);
+        return;
+    }
     QSaveFile Arquivo(Nome);
     Arquivo.setDirectWriteFallback(true); // a folder that forbids new files may still allow this one
-    if (!Arquivo.open(QIODevice::WriteOnly) || Arquivo.write(Bytes.data(), Bytes.size()) != Bytes.size() ||
-        !Arquivo.commit())
-        throw EFCreateError(QStringLiteral("Não foi possível gravar o arquivo <%1>!").arg(Nome),
-                            Arquivo.errorString() + u'.');
+    if (!Escreve(Arquivo) || !Arquivo.commit())
+        throw Falhou(Arquivo);
 }
 
 QString TextoDeArquivo(QByteArrayView Bytes)

@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "registro/Sibrel.h"
 
+#include "simbolos/SimboloImagem.h"
+#include "simbolos/SimboloVetorial.h"
 #include "simbolos/TabelaDeSimbolos.h"
+#include "simbolos/TabelaDeSimbolosBD.h"
 
+#include <algorithm>
 #include <array>
 
 namespace Sibrel
@@ -10,7 +14,8 @@ namespace Sibrel
 
 std::span<TModulo *const> ModulosDoPacote() noexcept
 {
-    static const std::array Modulos = {&ModuloTabelaDeSimbolos()};
+    static const std::array Modulos = {&ModuloTabelaDeSimbolos(), &ModuloSimboloImagem(),
+                                       &ModuloTabelaDeSimbolosBD(), &ModuloSimboloVetorial()};
     return Modulos;
 }
 
@@ -39,3 +44,10 @@ const TPartida Partida;
 } // namespace
 
 } // namespace Sibrel
+
+int SibrelModulosIniciados()
+{
+    const auto Modulos = Sibrel::ModulosDoPacote();
+    return static_cast<int>(std::count_if(Modulos.begin(), Modulos.end(),
+                                          [](const Sibrel::TModulo *M) { return M->Iniciado(); }));
+}
