@@ -37,6 +37,17 @@ QImage ComCorTransparente(const QImage &Opaca)
     return Resultado;
 }
 
+// The picture as it looks on paper: what it lets through is light.
+QImage SobreBranco(const QImage &Imagem)
+{
+    if (!Imagem.hasAlphaChannel())
+        return Imagem.convertToFormat(QImage::Format_RGB32);
+    QImage Papel(Imagem.size(), QImage::Format_RGB32);
+    Papel.fill(Qt::white);
+    QPainter(&Papel).drawImage(0, 0, Imagem);
+    return Papel;
+}
+
 // For each target place, the source place under its centre.
 std::vector<int> LugaresEscolhidos(int Destino, int Origem)
 {
@@ -88,7 +99,6 @@ void TBitmap::AtribuirTamanho(int Largura, int Altura)
         return;
     SoltarPintor();
     if (Novo.isEmpty()) {
-        // A size of which one side is 0 holds no pixels, yet each side is remembered by the other's next
         // value.
         FImagem = QImage();
     } else {
@@ -188,7 +198,7 @@ void TBitmap::Reduzir() const
         return;
     FPorReduzir = false;
     constexpr int Limiar = 128;
-    FImagem = FImagem.convertToFormat(QImage::Format_RGB32);
+    FImagem = SobreBranco(FImagem);
     for (int Y = 0; Y < FImagem.height(); ++Y) {
         QRgb *Linha = LinhaDe(FImagem, Y);
         std::transform(Linha, Linha + FImagem.width(), Linha,

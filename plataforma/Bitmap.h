@@ -29,8 +29,9 @@ public:
     /// Changes the size; what both sizes share is kept, new pixels are white. A negative size counts as 0.
     void AtribuirTamanho(int Largura, int Altura);
 
-    /// One bit a pixel: black and white, a pixel is dark when its luminance is below 128. Setting it reduces
-    /// the picture at once; what is drawn later is reduced when it is next read.
+    /// One bit a pixel: black and white, a pixel is dark when its luminance is below 128 on
+    /// white paper: what is see-through counts as light. Setting it reduces the picture at once; what is
+    /// drawn later is reduced when it is next read.
     bool Monochrome() const noexcept { return FMonochrome; }
     void AtribuirMonochrome(bool Valor);
 

@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "plataforma/Canvas.h"
 
-#include "plataforma/Graphic.h"
-
 #include <QFontMetricsF>
-#include <QPaintEngine>
 #include <QPainter>
 #include <QPolygon>
 #include <QVarLengthArray>
@@ -19,9 +16,6 @@ namespace
 {
 
 std::atomic<std::uint64_t> ContagemDeMedidas{0};
-
-// Above this many pixels a picture is scaled by the painter, which only computes what its clip shows.
-constexpr qint64 MaiorPreparada = qint64{4} * 1024 * 1024;
 
 Qt::PenStyle EstiloDaCaneta(TPenStyle Estilo) noexcept
 {
@@ -151,6 +145,11 @@ QPainter &TCanvas::Pintor()
 void TCanvas::EsquecerPintor() noexcept
 {
     FPintor = nullptr;
+    EsquecerAplicado();
+}
+
+void TCanvas::EsquecerAplicado() noexcept
+{
     FPenAplicada.reset();
     FBrushAplicado.reset();
     FSeloDaFonteAplicada = 0;
@@ -224,10 +223,12 @@ int TCanvas::TextHeight(const QString &) const
     return qRound(MetricasAtuais().height());
 }
 
-void TCanvas::EscreverNaOrigem(QPainter &P, const QString &Texto)
+void TCanvas::Escrever(QPainter &P, TPoint Referencia, const QString &Texto)
 {
     const QFontMetricsF &Metricas = MetricasAtuais();
-    const double Largura = Metricas.horizontalAdvance(Texto);
+    const bool ComFundo = Brush.Style != TBrushStyle::bsClear;
+    const bool AEsquerdaDoPonto = (TextAlign & TA_CENTER) != TA_CENTER && (TextAlign & TA_RIGHT) != TA_RIGHT;
+    const double Largura = ComFundo || !AEsquerdaDoPonto ? Metricas.horizontalAdvance(Texto) : 0;
     double X = 0;
     if ((TextAlign & TA_CENTER) == TA_CENTER)
         X = -std::floor(Largura / 2);
@@ -239,9 +240,9 @@ void TCanvas::EscreverNaOrigem(QPainter &P, const QString &Texto)
     else if ((TextAlign & TA_BOTTOM) == TA_BOTTOM)
         LinhaDeBase = -Metricas.descent();
     // Whole pixels, so that the same text looks the same wherever it stands.
-    X = std::round(X);
-    LinhaDeBase = std::round(LinhaDeBase);
-    if (Brush.Style != TBrushStyle::bsClear)
+    X = Referencia.X + std::round(X);
+    LinhaDeBase = Referencia.Y + std::round(LinhaDeBase);
+    if (ComFundo)
         P.fillRect(QRectF(X, LinhaDeBase - std::round(Metricas.ascent()), std::ceil(Largura),
                           std::round(Metricas.height())),
                    QBrush(Brush.Color.ParaQColor(), EstiloDoPincel(Brush.Style)));
@@ -260,12 +261,16 @@ void TCanvas::TextOut(int X, int Y, const QString &Texto)
     }
     P.setPen(Font.Color().ParaQColor());
     FPenAplicada.reset();
-    const double Graus = Font.Orientation() / 10.0;
+    const QString Desenhado = Font.TextoParaDesenhar(Texto);
+    if (Font.Orientation() == 0) {
+        Escrever(P, {X, Y}, Desenhado);
+        return;
+    }
+    const QTransform Antes = P.worldTransform();
     P.translate(X, Y);
-    P.rotate(-Graus); // the painter turns clockwise
-    EscreverNaOrigem(P, Font.TextoParaDesenhar(Texto));
-    P.rotate(Graus);
-    P.translate(-X, -Y);
+    P.rotate(Font.Orientation() / -10.0); // the painter turns clockwise, by degrees
+    Escrever(P, {}, Desenhado);
+    P.setWorldTransform(Antes);
 }
 
 void TCanvas::TextRect(const TRect &Area, int X, int Y, const QString &Texto)
@@ -273,15 +278,12 @@ void TCanvas::TextRect(const TRect &Area, int X, int Y, const QString &Texto)
     if (Area.Vazio())
         return;
     QPainter &P = Pintor();
-    // Not save() and restore(): those would also put back what the canvas believes to be applied.
-    const bool Recortava = P.hasClipping();
-    const QRegion Antigo = Recortava ? P.clipRegion() : QRegion();
-    P.setClipRect(Area.ParaQRect(), Recortava ? Qt::IntersectClip : Qt::ReplaceClip);
+    GuardarDoHospedeiro(P);
+    P.save();
+    P.setClipRect(Area.ParaQRect(), Qt::IntersectClip);
     TextOut(X, Y, Texto);
-    if (Recortava)
-        P.setClipRegion(Antigo);
-    else
-        P.setClipping(false);
+    P.restore();
+    EsquecerAplicado(); // restore() put back more than the clip
 }
 
 void TCanvas::LineTo(int X, int Y)
@@ -329,65 +331,6 @@ void TCanvas::FillRect(const TRect &Area)
         Pintor().fillRect(Area.ParaQRect(), QBrush(Brush.Color.ParaQColor(), EstiloDoPincel(Brush.Style)));
 }
 
-void TCanvas::Draw(int X, int Y, const TGraphic &Grafico)
-{
-    StretchDraw({X, Y, X + Grafico.Width(), Y + Grafico.Height()}, Grafico);
-}
-
-void TCanvas::StretchDraw(const TRect &Area, const TGraphic &Grafico)
-{
-    if (Area.Width() == 0 || Area.Height() == 0 || Grafico.Empty())
-        return;
-    const QRect Alvo(std::min(Area.Left, Area.Right), std::min(Area.Top, Area.Bottom),
-                     static_cast<int>(std::abs(Area.Width())), static_cast<int>(std::abs(Area.Height())));
-    const std::optional<double> Densidade = DensidadeDePixels();
-    const QSize Fisico = Densidade ? (QSizeF(Alvo.size()) * *Densidade).toSize() : QSize();
-    const bool CabeInteira = Densidade && qint64{Fisico.width()} * qint64{Fisico.height()} <= MaiorPreparada;
-    QImage Imagem = Grafico.Preparada(CabeInteira ? Fisico : QSize(Grafico.Width(), Grafico.Height()));
-    if (Area.Width() < 0 || Area.Height() < 0)
-        Imagem = Imagem.mirrored(Area.Width() < 0, Area.Height() < 0);
-    DrawComModo(Alvo, Imagem);
-}
-
-void TCanvas::DrawComModo(const QRect &Area, const QImage &Imagem)
-{
-    QPainter &P = Pintor();
-    const auto Desenhar = [&](QPainter::CompositionMode Modo) {
-        const QPainter::CompositionMode Antigo = P.compositionMode();
-        P.setCompositionMode(Modo);
-        P.drawImage(QRectF(Area), Imagem, QRectF(Imagem.rect()));
-        P.setCompositionMode(Antigo);
-    };
-    switch (CopyMode) {
-    case TCopyMode::cmSrcCopy:
-        P.drawImage(QRectF(Area), Imagem, QRectF(Imagem.rect()));
-        break;
-    case TCopyMode::cmDstInvert:
-        Desenhar(QPainter::RasterOp_NotDestination);
-        break;
-    case TCopyMode::cmMergeCopy: {
-        P.drawImage(QRectF(Area), Imagem, QRectF(Imagem.rect()));
-        const QPainter::CompositionMode Antigo = P.compositionMode();
-        P.setCompositionMode(QPainter::RasterOp_SourceAndDestination);
-        P.fillRect(Area, Brush.Color.ParaQColor());
-        P.setCompositionMode(Antigo);
-        break;
-    }
-    case TCopyMode::cmSrcAnd:
-        Desenhar(QPainter::RasterOp_SourceAndDestination);
-        break;
-    case TCopyMode::cmSrcPaint:
-        Desenhar(QPainter::RasterOp_SourceOrDestination);
-        break;
-    case TCopyMode::cmSrcInvert:
-        Desenhar(QPainter::RasterOp_SourceXorDestination);
-        break;
-    case TCopyMode::cmNotSrcCopy:
-        Desenhar(QPainter::RasterOp_NotSource);
-        break;
-    }
-}
-
 TColor TCanvas::Pixel(int X, int Y) const
 {
     if (FBitmap != nullptr)
@@ -401,32 +344,6 @@ TColor TCanvas::Pixel(int X, int Y) const
 void TCanvas::AtribuirPixel(int X, int Y, TColor Cor)
 {
     Pintor().fillRect(X, Y, 1, 1, Cor.ParaQColor());
-}
-
-std::optional<double> TCanvas::DensidadeDePixels() const
-{
-    if (FBitmap != nullptr)
-        return 1.0;
-    const QPaintEngine *Motor = FPintor->paintEngine();
-    if (Motor == nullptr || Motor->type() != QPaintEngine::Raster || FPintor->viewTransformEnabled() ||
-        FPintor->worldTransform().type() > QTransform::TxTranslate)
-        return std::nullopt;
-    return FPintor->device()->devicePixelRatioF();
-}
-
-void TCanvas::DesenharPreparada(int X, int Y, const QImage &Imagem)
-{
-    QPainter &P = Pintor();
-    const double Densidade = Imagem.devicePixelRatio();
-    if (Densidade == 1.0 || Densidade == 2.0) { // the densities that the painter itself copies pixel by pixel
-        P.drawImage(QPoint(X, Y), Imagem);
-        return;
-    }
-    const QTransform Antiga = P.worldTransform();
-    const QPointF Canto = Antiga.map(QPointF(X, Y)) * Densidade;
-    P.setWorldTransform(QTransform::fromScale(1 / Densidade, 1 / Densidade));
-    P.drawImage(QRectF(QPointF(Canto.toPoint()), QSizeF(Imagem.size())), Imagem, QRectF(Imagem.rect()));
-    P.setWorldTransform(Antiga);
 }
 
 } // namespace Sibrel

@@ -61,7 +61,10 @@ struct TBrush {
 };
 
 /// How drawn pictures meet what is there; the values are the raster operation codes of the original drawings.
-/// All but cmSrcCopy and the two plain colours need a 32-bit surface, on which they are exact.
+/// On 32-bit surfaces they are exact; one with an alpha channel stays see-through where a mode leaves it as
+/// it is. A surface without pixels (a printer, a recording) gets white under cmSrcAnd and black under
+/// cmSrcPaint left out, which is the same for pictures of black and one colour; the other modes copy the
+/// picture there.
 enum class TCopyMode : std::uint32_t {
     cmSrcCopy = 0x00CC0020,   ///< the picture, by its transparency
     cmDstInvert = 0x00550009, ///< not destination
@@ -160,14 +163,15 @@ private:
     explicit TCanvas(TBitmap &Bitmap);
 
     void EsquecerPintor() noexcept;
+    void EsquecerAplicado() noexcept;
     QPainter &ComPen();
     QPainter &ComPenEBrush();
     void AplicarBrush(QPainter &P);
     void GuardarDoHospedeiro(QPainter &P);
     const QFont &FonteAtual() const;
     const QFontMetricsF &MetricasAtuais() const;
-    void EscreverNaOrigem(QPainter &P, const QString &Texto);
-    void DrawComModo(const QRect &Area, const QImage &Imagem);
+    void Escrever(QPainter &P, TPoint Referencia, const QString &Texto);
+    void DrawComModo(QPainter &P, const QRect &Area, const QImage &Imagem);
 
     struct TEstadoDoHospedeiro {
         QPen Caneta;

@@ -79,8 +79,7 @@ double StrToReal(QStringView Texto)
     const char *Inicio = Todos.begin();
     if (Todos.size() > 1 && *Inicio == '+' && Todos[1] != '-')
         ++Inicio;
-    if (const std::optional<double> Valor =
-            LerTudo<double>(Inicio, Todos.end(), std::chars_format::general))
+    if (const std::optional<double> Valor = LerTudo<double>(Inicio, Todos.end(), std::chars_format::general))
         return *Valor;
     throw EConvertError(QStringLiteral("<%1> não é um número real válido!").arg(Texto));
 }
@@ -94,8 +93,9 @@ QString MenorFormaDecimal(double Valor)
 
 QString IntToHex(std::int32_t Valor, int Digitos)
 {
-    return QString::number(static_cast<std::uint32_t>(Valor), Hexadecimal).toUpper().rightJustified(Digitos,
-                                                                                                     u'0');
+    return QString::number(static_cast<std::uint32_t>(Valor), Hexadecimal)
+        .toUpper()
+        .rightJustified(Digitos, u'0');
 }
 
 } // namespace Sibrel

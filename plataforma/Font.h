@@ -68,7 +68,7 @@ public:
 
     std::uint64_t Selo() const noexcept { return FSelo; }
 
-    friend bool operator==(const TFont &A, const TFont &B) noexcept;
+    friend SIBREL_EXPORT bool operator==(const TFont &A, const TFont &B) noexcept;
 
 private:
     template <class Campo, class Valor>

@@ -6,6 +6,11 @@
 namespace Sibrel
 {
 
+TGraphic::TGraphic() noexcept
+    : FSelo(NovoSelo())
+{
+}
+
 TGraphic::~TGraphic() = default;
 
 void TGraphic::AtribuirTransparent(bool Valor)

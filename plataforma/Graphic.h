@@ -20,7 +20,7 @@ public:
     using Raiz = TGraphic;
     using RefDeClasse = RefClasse<TGraphic>;
 
-    TGraphic() = default;
+    TGraphic() noexcept;
     virtual ~TGraphic();
     TGraphic(const TGraphic &) = delete;
     TGraphic &operator=(const TGraphic &) = delete;
@@ -52,7 +52,7 @@ protected:
     void Mudou() noexcept;
 
 private:
-    std::uint64_t FSelo = 0;
+    std::uint64_t FSelo;
     bool FTransparent = false;
 };
 

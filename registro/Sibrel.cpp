@@ -5,8 +5,12 @@
 #include "arvore/TagsXML.h"
 #include "arvore/TreeNodeXML.h"
 #include "arvore/TreeViewXML.h"
+#include "simbolos/SimboloImagem.h"
+#include "simbolos/SimboloVetorial.h"
 #include "simbolos/TabelaDeSimbolos.h"
+#include "simbolos/TabelaDeSimbolosBD.h"
 
+#include <algorithm>
 #include <array>
 
 namespace Sibrel
@@ -14,7 +18,9 @@ namespace Sibrel
 
 std::span<TModulo *const> ModulosDoPacote() noexcept
 {
-    static const std::array Modulos = {&ModuloTabelaDeSimbolos(), &ModuloTagsXML(), &ModuloTreeNodeXML(),
+    static const std::array Modulos = {&ModuloTabelaDeSimbolos(),    &ModuloSimboloImagem(),
+                                       &ModuloTabelaDeSimbolosBD(),  &ModuloSimboloVetorial(),
+                                       &ModuloTagsXML(),             &ModuloTreeNodeXML(),
                                        &ModuloPrepararAtualizacao(), &ModuloTreeViewXML()};
     return Modulos;
 }
@@ -44,3 +50,10 @@ const TPartida Partida;
 } // namespace
 
 } // namespace Sibrel
+
+int SibrelModulosIniciados()
+{
+    const auto Modulos = Sibrel::ModulosDoPacote();
+    return static_cast<int>(std::count_if(Modulos.begin(), Modulos.end(),
+                                          [](const Sibrel::TModulo *M) { return M->Iniciado(); }));
+}

@@ -105,7 +105,8 @@ void Enxugar(TPintura &Pintura, int Densidade)
 }
 
 std::unique_ptr<TPintura> Preparar(const TRect &Rect, const TPinturaPedida &Pedida, const TPen &Caneta,
-                                   QSize Fisico, const std::function<void(TCanvas &)> &Pintar)
+                                   QSize Fisico, QPainter::RenderHints Dicas,
+                                   const std::function<void(TCanvas &)> &Pintar)
 {
     auto Pintura = std::make_unique<TPintura>();
     const double Densidade = Pedida.Chaves.front().Densidade;
@@ -116,7 +117,9 @@ std::unique_ptr<TPintura> Preparar(const TRect &Rect, const TPinturaPedida &Pedi
     Pintura->Imagem.setDevicePixelRatio(Densidade);
     {
         QPainter Pintor(&Pintura->Imagem);
-        Pintor.translate(-Pedida.Alcance.Left, -Pedida.Alcance.Top);
+        Pintor.setRenderHints(Pintor.renderHints(), false);
+        Pintor.setRenderHints(Dicas);
+        Pintor.translate(-static_cast<double>(Pedida.Alcance.Left), -static_cast<double>(Pedida.Alcance.Top));
         TCanvas Canvas(Pintor);
         Canvas.Pen = Caneta;
         Pintar(Canvas);
@@ -141,12 +144,17 @@ bool DesenharLembrada(TCanvas &Canvas, const TRect &Rect, const TPinturaPedida &
         const double Largura = std::ceil(static_cast<double>(Pedida.Alcance.Width()) * Densidade);
         const double Altura = std::ceil(static_cast<double>(Pedida.Alcance.Height()) * Densidade);
         constexpr int BytesDoPixel = 4;
-        if (!(Largura * Altura * BytesDoPixel <= static_cast<double>(TCacheDePinturas::BytesDeUma)))
+        // The keys of a composite of very many parts count as well.
+        const auto BytesDasChaves =
+            static_cast<double>(Pedida.Chaves.size() * qsizetype{sizeof(TChaveDePintura)});
+        if (!(Largura * Altura * BytesDoPixel + BytesDasChaves <=
+              static_cast<double>(TCacheDePinturas::BytesDeUma)))
             return false;
         if (Largura < 1 || Altura < 1)
             return true;
-        std::unique_ptr<TPintura> Nova = Preparar(
-            Rect, Pedida, Caneta, QSize(static_cast<int>(Largura), static_cast<int>(Altura)), Pintar);
+        std::unique_ptr<TPintura> Nova =
+            Preparar(Rect, Pedida, Caneta, QSize(static_cast<int>(Largura), static_cast<int>(Altura)),
+                     Canvas.Pintor().renderHints(), Pintar);
         ++E.Preparadas;
         const qsizetype Custo = Nova->Imagem.sizeInBytes() + qsizetype{sizeof(TPintura)} +
                                 Nova->Dependencias.size() * qsizetype{sizeof(TChaveDePintura)};

@@ -39,8 +39,8 @@ struct TPinturaPedida {
 /// The picture of `Pedida`, prepared by `Pintar` when it is not remembered, drawn where it stands.
 ///
 /// `Pintar` draws on the canvas that it is given, in the coordinates of the caller's; its canvas starts with
-/// the pen `Caneta`. False, and nothing drawn, when the surface does not show pixels one to one or the
-/// picture would be too large: the caller then draws directly. GUI thread only.
+/// the pen `Caneta` and the render hints of the caller's. False, and nothing drawn, when the surface does not
+/// show pixels one to one or the picture would be too large: the caller then draws directly. GUI thread only.
 SIBREL_EXPORT bool DesenharLembrada(TCanvas &Canvas, const TRect &Rect, const TPinturaPedida &Pedida,
                                     const TPen &Caneta, const std::function<void(TCanvas &)> &Pintar);
 
@@ -48,7 +48,7 @@ SIBREL_EXPORT bool DesenharLembrada(TCanvas &Canvas, const TRect &Rect, const TP
 struct SIBREL_EXPORT TCacheDePinturas {
     /// The most that all pictures together take; the one least recently drawn goes first.
     static constexpr qsizetype BytesMaximos = qsizetype{32} * 1024 * 1024;
-    /// A picture larger than this is drawn directly each time.
+    /// A picture that takes more than this, its keys included, is drawn directly each time.
     static constexpr qsizetype BytesDeUma = qsizetype{4} * 1024 * 1024;
 
     static qsizetype Bytes() noexcept;

@@ -1,25 +1,15 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "simbolos/SimboloComposto.h"
 
+#include "lumbrix/Geometria.h"
 #include "plataforma/Canvas.h"
 #include "plataforma/Exception.h"
 #include "simbolos/CacheDePinturas.h"
 
-#include <algorithm>
+#include <QHashFunctions>
 
 namespace Sibrel
 {
-
-namespace
-{
-
-TRect Juntos(const TRect &A, const TRect &B) noexcept
-{
-    return {std::min(A.Left, B.Left), std::min(A.Top, B.Top), std::max(A.Right, B.Right),
-            std::max(A.Bottom, B.Bottom)};
-}
-
-} // namespace
 
 TSimboloComposto::TSimboloComposto() = default;
 TSimboloComposto::~TSimboloComposto() = default;
@@ -40,18 +30,25 @@ bool TSimboloComposto::PedirPintura(TCanvas &Canvas, const TRect &Rect, double D
 {
     if (Rect.Vazio())
         return false;
+    const qsizetype Primeira = Pedida.Chaves.size();
     Pedida.Chaves.append({FSelo, 0, static_cast<std::int32_t>(Rect.Width()),
                           static_cast<std::int32_t>(Rect.Height()), static_cast<std::uint32_t>(Lista.Count()),
-                          0, Densidade});
+                          Canvas.Pen.Color.ParaRgb(),
+                          Densidade}); // one picture a colour: hosts alternate them
     TRect Alcance = Rect;
     for (const auto &Parte : Lista) {
         if (!Parte)
             continue;
         if (!Parte->PedirPintura(Canvas, Rect, Densidade, Pedida))
             return false;
-        Alcance = Juntos(Alcance, Pedida.Alcance);
+        Alcance = Uniao(Alcance, Pedida.Alcance);
     }
     Pedida.Alcance = Alcance;
+    // A picture for each place that parts tell apart, so that several can be remembered.
+    std::size_t Lugares = 0;
+    for (qsizetype I = Primeira + 1; I < Pedida.Chaves.size(); ++I)
+        Lugares = qHashMulti(Lugares, Pedida.Chaves[I].Variante);
+    Pedida.Chaves[Primeira].Variante = Lugares;
     return true;
 }
 

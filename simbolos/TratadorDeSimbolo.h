@@ -2,9 +2,12 @@
 #pragma once
 
 #include "plataforma/ArquivoTexto.h"
+#include "plataforma/Exception.h"
 #include "simbolos/AvisoDeImportacao.h"
 #include "simbolos/RegistroDeTratadores.h"
 #include "simbolos/Simbolo.h"
+
+#include <type_traits>
 
 namespace Sibrel
 {
@@ -35,6 +38,18 @@ public:
     TTabelaDeSimbolos *Tabela;
 
 protected:
+    /// The symbol as its kind. The registry pairs each handler with its kind, so that only a caller of its
+    /// own making gets EInvalidCast.
+    template <class Tipo, class Base>
+    static auto &Como(Base &Simbolo)
+    {
+        auto *Deste = dynamic_cast<std::conditional_t<std::is_const_v<Base>, const Tipo, Tipo> *>(&Simbolo);
+        if (Deste == nullptr)
+            throw EInvalidCast(
+                QStringLiteral("O símbolo não é um %1!").arg(QLatin1String(Tipo::NomeDaClasse)));
+        return *Deste;
+    }
+
     /// `Texto` before the first "//", which opens a comment; `Texto` itself when there is none.
     static QString SemComentario(const QString &Texto);
     /// Adds a warning to the table's list, when there is a table.

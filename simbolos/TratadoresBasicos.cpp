@@ -18,16 +18,6 @@ namespace
 
 constexpr int ColunasDoNumero = 5;
 
-// The fields of a section are unchecked by design: the registry pairs each handler with its kind.
-template <class Tipo, class Base>
-auto &Como(Base &Simbolo)
-{
-    auto *Deste = dynamic_cast<std::conditional_t<std::is_const_v<Base>, const Tipo, Tipo> *>(&Simbolo);
-    if (Deste == nullptr)
-        throw EInvalidCast(QStringLiteral("O símbolo não é um %1!").arg(QLatin1String(Tipo::NomeDaClasse)));
-    return *Deste;
-}
-
 QString Campo(std::int64_t Numero)
 {
     return u' ' + ADireita(Numero, ColunasDoNumero);
@@ -107,6 +97,7 @@ void TTratadorDeSimboloComposto::Gravar(TArquivoDeGravacao &Arquivo, const ISimb
 void TTratadorDeSimboloComposto::Ler(TArquivoDeLeitura &Arquivo, ISimbolo &Simbolo)
 {
     auto &Composto = Como<TSimboloComposto>(Simbolo);
+    const TArquivoDeLeitura::TNivel Nivel(Arquivo);
     const std::int32_t Quantas = Arquivo.LerInteiro();
     Arquivo.ProximaLinha();
     for (std::int32_t I = 0; I < Quantas; ++I) {

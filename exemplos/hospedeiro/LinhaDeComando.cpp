@@ -1,0 +1,170 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "hospedeiro/LinhaDeComando.h"
+
+#include "plataforma/Exception.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+namespace Hospedeiro
+{
+
+namespace
+{
+
+// As the option parser and the first look at the arguments both know them.
+constexpr std::array OpcoesSemJanela = {"folha", "listar", "exportar", "captura", "ajuda",
+                                        "help",  "h",      "versao",   "v"};
+
+QString Descricao()
+{
+    return QStringLiteral(
+        "Mostra bibliotecas de símbolos e figuras vetoriais. Sem --folha, --listar, --exportar nem\n"
+        "--captura abre a janela.\n"
+        "\n"
+        "A lista de uma biblioteca tem uma linha por símbolo, em UTF-8, com colunas separadas por "
+        "tabulação:\n"
+        "  índice, tipo, rótulo e os campos do tipo, cada um como nome=valor.\n"
+        "  Fonte:    caracter, charset, proporcao, fonte\n"
+        "  Grafico:  arquivo\n"
+        "  Composto: partes\n"
+        "  Vetorial: arquivo, elementos\n"
+        "As partes de um composto seguem-no, dois brancos mais para dentro, com o índice do composto,\n"
+        "um ponto e o número da parte a partir de 0; o rótulo delas é vazio. A lista de uma figura tem uma\n"
+        "linha por elemento: índice, tipo e os campos, com os nomes dos atributos no arquivo; os vértices\n"
+        "de um polígono são o campo Pontos, como x,y separados por brancos. Uma tabulação dentro de um\n"
+        "texto aparece como um branco.\n"
+        "\n"
+        "As fontes da pasta \"fontes\" ao lado da biblioteca são usadas sem instalar. Avisos e erros vão\n"
+        "para a saída de erros; depois de um erro o código de saída é 1.");
+}
+
+[[noreturn]] void Recusar(const QString &Texto)
+{
+    throw Sibrel::Exception(Texto, VejaAAjuda());
+}
+
+struct TOpcoes {
+    QCommandLineOption Biblioteca{QStringLiteral("biblioteca"), QStringLiteral("Biblioteca a abrir."),
+                                  QStringLiteral("ARQUIVO")};
+    QCommandLineOption Folha{QStringLiteral("folha"), QStringLiteral("Desenha a folha de símbolos."),
+                             QStringLiteral("IMAGEM")};
+    QCommandLineOption Tamanho{
+        QStringLiteral("tamanho"),
+        QStringLiteral("Lado de cada símbolo em pixels, de %1 a %2; %3 quando não é dado.")
+            .arg(MenorTamanho)
+            .arg(MaiorTamanho)
+            .arg(TamanhoInicial),
+        QStringLiteral("PIXELS")};
+    QCommandLineOption Listar{QStringLiteral("listar"), QStringLiteral("Lista os símbolos ou os elementos.")};
+    QCommandLineOption Exportar{QStringLiteral("exportar"), QStringLiteral("Grava a biblioteca outra vez."),
+                                QStringLiteral("ARQUIVO")};
+    QCommandLineOption Figura{QStringLiteral("figura"), QStringLiteral("Figura vetorial a abrir."),
+                              QStringLiteral("ARQUIVO")};
+    QCommandLineOption Captura{QStringLiteral("captura"), QStringLiteral("Desenha a figura."),
+                               QStringLiteral("IMAGEM")};
+    QCommandLineOption Ajuda{{QStringLiteral("h"), QStringLiteral("ajuda"), QStringLiteral("help")},
+                             QStringLiteral("Mostra esta ajuda.")};
+    QCommandLineOption Versao{{QStringLiteral("v"), QStringLiteral("versao")},
+                              QStringLiteral("Mostra a versão.")};
+
+    void AcrescentarA(QCommandLineParser &Leitor) const
+    {
+        Leitor.addOptions({Biblioteca, Folha, Tamanho, Listar, Exportar, Figura, Captura, Ajuda, Versao});
+    }
+};
+
+std::optional<QString> Arquivo(const QCommandLineParser &Leitor, const QCommandLineOption &Opcao)
+{
+    if (!Leitor.isSet(Opcao))
+        return std::nullopt;
+    if (Leitor.values(Opcao).size() > 1)
+        Recusar(QStringLiteral("A opção --%1 foi dada mais de uma vez!").arg(Opcao.names().constFirst()));
+    QString Nome = Leitor.value(Opcao);
+    if (Nome.isEmpty())
+        Recusar(
+            QStringLiteral("A opção --%1 precisa de um nome de arquivo!").arg(Opcao.names().constFirst()));
+    return Nome;
+}
+
+int Tamanho(const QString &Texto)
+{
+    bool Numero = false;
+    const int Pixels = Texto.toInt(&Numero);
+    if (!Numero || Pixels < MenorTamanho || Pixels > MaiorTamanho)
+        Recusar(QStringLiteral("O tamanho <%1> não é um número de %2 a %3!")
+                    .arg(Texto)
+                    .arg(MenorTamanho)
+                    .arg(MaiorTamanho));
+    return Pixels;
+}
+
+TPedido Pedido(const QCommandLineParser &Leitor, const TOpcoes &Opcoes)
+{
+    TPedido P;
+    if (Leitor.isSet(Opcoes.Ajuda))
+        P.Texto = Leitor.helpText();
+    else if (Leitor.isSet(Opcoes.Versao))
+        P.Texto = QStringLiteral("%1 %2\n").arg(QCoreApplication::applicationName(),
+                                                QCoreApplication::applicationVersion());
+    P.Biblioteca = Arquivo(Leitor, Opcoes.Biblioteca);
+    P.Folha = Arquivo(Leitor, Opcoes.Folha);
+    P.Exportar = Arquivo(Leitor, Opcoes.Exportar);
+    P.Figura = Arquivo(Leitor, Opcoes.Figura);
+    P.Captura = Arquivo(Leitor, Opcoes.Captura);
+    P.Listar = Leitor.isSet(Opcoes.Listar);
+    if (Leitor.isSet(Opcoes.Tamanho))
+        P.Tamanho = Tamanho(Leitor.value(Opcoes.Tamanho));
+    return P;
+}
+
+void Conferir(const TPedido &P)
+{
+    if (P.Biblioteca && P.Figura)
+        Recusar(QStringLiteral("As opções --biblioteca e --figura não vão juntas!"));
+    if ((P.Folha || P.Exportar) && !P.Biblioteca)
+        Recusar(QStringLiteral("Falta a opção --biblioteca!"));
+    if (P.Captura && !P.Figura)
+        Recusar(QStringLiteral("Falta a opção --figura!"));
+    if (P.Listar && !P.Biblioteca && !P.Figura)
+        Recusar(QStringLiteral("Falta a opção --biblioteca ou --figura!"));
+}
+
+} // namespace
+
+QString VejaAAjuda()
+{
+    return QStringLiteral("Veja as opções com --ajuda.");
+}
+
+TPedido LerLinhaDeComando(const QStringList &Argumentos)
+{
+    const TOpcoes Opcoes;
+    QCommandLineParser Leitor;
+    Leitor.setApplicationDescription(Descricao());
+    Opcoes.AcrescentarA(Leitor);
+    if (!Leitor.parse(Argumentos))
+        Recusar(Leitor.errorText());
+    if (const QStringList Sobram = Leitor.positionalArguments(); !Sobram.isEmpty())
+        Recusar(QStringLiteral("O argumento <%1> não pertence a nenhuma opção!").arg(Sobram.constFirst()));
+    TPedido P = Pedido(Leitor, Opcoes);
+    if (!P.Texto)
+        Conferir(P);
+    return P;
+}
+
+bool PedeSoLinhaDeComando(int Quantos, const char *const *Argumentos)
+{
+    return std::any_of(Argumentos + 1, Argumentos + std::max(Quantos, 1), [](std::string_view Argumento) {
+        const auto Nome = Argumento.substr(std::min(Argumento.find_first_not_of('-'), Argumento.size()));
+        return Nome.size() < Argumento.size() &&
+               std::find(OpcoesSemJanela.begin(), OpcoesSemJanela.end(), Nome.substr(0, Nome.find('='))) !=
+                   OpcoesSemJanela.end();
+    });
+}
+
+} // namespace Hospedeiro

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The example host: shows a symbol library in a window, or works on it from the command line.
+#include "hospedeiro/JanelaPrincipal.h"
+#include "hospedeiro/LinhaDeComando.h"
+#include "hospedeiro/Trabalhos.h"
+#include "hospedeiro/Tradutor.h"
+
+#include "plataforma/Exception.h"
+
+#include <QApplication>
+
+#include <cstdlib>
+
+namespace
+{
+
+bool TemTela()
+{
+#if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
+    return qEnvironmentVariableIsSet("QT_QPA_PLATFORM") || !qEnvironmentVariableIsEmpty("DISPLAY") ||
+           !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+#else
+    return true;
+#endif
+}
+
+int Mostrar(const Hospedeiro::TPedido &Pedido)
+{
+    Hospedeiro::TJanelaPrincipal Janela;
+    Janela.AtribuirTamanho(Pedido.Tamanho);
+    Janela.show();
+    if (Pedido.Biblioteca)
+        Janela.Abrir(*Pedido.Biblioteca);
+    if (Pedido.Figura)
+        Janela.AbrirFigura(*Pedido.Figura);
+    return QApplication::exec();
+}
+
+int Atender(const Hospedeiro::TPedido &Pedido, bool HaTela)
+{
+    if (Pedido.SoLinhaDeComando()) {
+        Hospedeiro::Executar(Pedido);
+        return EXIT_SUCCESS;
+    }
+    if (!HaTela)
+        throw Sibrel::Exception(QStringLiteral("Não há tela onde abrir a janela!"), Hospedeiro::VejaAAjuda());
+    return Mostrar(Pedido);
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    // What needs no window runs without a display, also where one is named that cannot be reached.
+    const bool HaTela = TemTela();
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM") &&
+        (!HaTela || Hospedeiro::PedeSoLinhaDeComando(argc, argv)))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+
+    const QApplication Aplicacao(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("hospedeiro"));
+    QApplication::setApplicationDisplayName(QStringLiteral("Hospedeiro Sibrel"));
+    QApplication::setApplicationVersion(QStringLiteral(SIBREL_VERSAO));
+    Hospedeiro::InstalarTradutores();
+    try {
+        return Atender(Hospedeiro::LerLinhaDeComando(QApplication::arguments()), HaTela);
+    } catch (const Sibrel::Exception &E) {
+        Hospedeiro::EscreverErro(E.Message, E.Detalhe);
+    } catch (const std::exception &E) {
+        Hospedeiro::EscreverErro(QStringLiteral("Erro inesperado!"), QString::fromUtf8(E.what()));
+    }
+    return EXIT_FAILURE;
+}

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "simbolos/XMLDeElementos.h"
+
+#include "plataforma/Conversao.h"
+#include "simbolos/ElementoGrafico.h"
+
+namespace Sibrel
+{
+
+namespace
+{
+
+constexpr int DigitosDaCor = 6;
+
+} // namespace
+
+TEscritaDeElemento::TEscritaDeElemento(QStringView Nome)
+{
+    FTexto += u'<';
+    FTexto += Nome;
+}
+
+TEscritaDeElemento &TEscritaDeElemento::Atributo(QStringView Nome, QStringView Valor)
+{
+    FTexto += u' ';
+    FTexto += Nome;
+    FTexto += QStringView(u"=\"");
+    FTexto += Valor;
+    FTexto += u'"';
+    return *this;
+}
+
+TEscritaDeElemento &TEscritaDeElemento::Atributo(QStringView Nome, int Valor)
+{
+    return Atributo(Nome, QString::number(Valor));
+}
+
+TEscritaDeElemento &TEscritaDeElemento::AtributoSinal(QStringView Nome, bool Valor)
+{
+    return Atributo(Nome, BooleanStr[Valor ? 1 : 0]);
+}
+
+TEscritaDeElemento &TEscritaDeElemento::Atributo(QStringView Nome, TColor Cor)
+{
+    return Atributo(Nome, IntToHex(Cor.Valor(), DigitosDaCor));
+}
+
+TColor CorDoTexto(const QString &Texto)
+{
+    return StrToInt(QChar(u'$') + Texto);
+}
+
+} // namespace Sibrel
