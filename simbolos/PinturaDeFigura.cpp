@@ -111,9 +111,8 @@ std::uint64_t TPinturaDeFigura::Selo(const TListaElementosGraficos &Elementos)
 }
 
 const TPinturaDeFigura::TResumo &TPinturaDeFigura::Resumo(const TListaElementosGraficos &Elementos,
-                                                          const TRect &Rect)
+                                                          std::uint64_t SeloAtual, const TRect &Rect)
 {
-    const std::uint64_t SeloAtual = Selo(Elementos);
     const std::uint64_t Fontes = GeracaoDasFontes();
     const bool MesmoLugar = FResumo.Rect == Rect || FResumo.Todos.Encaixe != TEncaixe::Fixo;
     if (FResumo.Selo != SeloAtual || FResumo.Fontes != Fontes || FResumo.Rect.Width() != Rect.Width() ||
@@ -208,12 +207,13 @@ std::optional<TChaveDePintura> TPinturaDeFigura::Chave(const TResumo &Resumo, TC
     return Chave;
 }
 
-bool TPinturaDeFigura::Pedir(const TListaElementosGraficos &Elementos, TCanvas &Canvas, const TRect &Rect,
-                             double Densidade, TPinturaPedida &Pedida, TPoint &CentroDaFigura)
+bool TPinturaDeFigura::Pedir(const TListaElementosGraficos &Elementos, std::uint64_t SeloAtual,
+                             TCanvas &Canvas, const TRect &Rect, double Densidade, TPinturaPedida &Pedida,
+                             TPoint &CentroDaFigura)
 {
     if (Rect.Width() < MenorRetangulo || Rect.Height() < MenorRetangulo)
         return false;
-    const TResumo &R = Resumo(Elementos, Rect);
+    const TResumo &R = Resumo(Elementos, SeloAtual, Rect);
     if (!R.Lembravel || !PintorSimples(Canvas.Pintor(), Densidade, R.Todos.Hachurada))
         return false;
     const std::optional<TChaveDePintura> DaFigura = Chave(R, Canvas, Rect, Densidade);

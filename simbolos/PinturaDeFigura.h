@@ -40,17 +40,15 @@ class TPinturaDeFigura
 public:
     /// A number that changes whenever the list or an element of it does.
     std::uint64_t Selo(const TListaElementosGraficos &Elementos);
-    /// True when the figure is the one that DesenhadaAssim was last told of. A figure that changes from
-    /// drawing to drawing is not worth a picture.
-    bool JaDesenhadaAssim(const TListaElementosGraficos &Elementos)
-    {
-        return Selo(Elementos) == FSeloDesenhado;
-    }
-    void DesenhadaAssim(const TListaElementosGraficos &Elementos) { FSeloDesenhado = Selo(Elementos); }
+    /// True when the figure with this stamp is the one that DesenhadaAssim was last told of. A figure that
+    /// changes from drawing to drawing is not worth a picture.
+    bool JaDesenhadaAssim(std::uint64_t SeloAtual) const noexcept { return SeloAtual == FSeloDesenhado; }
+    void DesenhadaAssim(std::uint64_t SeloAtual) noexcept { FSeloDesenhado = SeloAtual; }
 
-    /// As ISimbolo::PedirPintura. `Centro` is set as a drawing would set it.
-    bool Pedir(const TListaElementosGraficos &Elementos, TCanvas &Canvas, const TRect &Rect, double Densidade,
-               TPinturaPedida &Pedida, TPoint &Centro);
+    /// As ISimbolo::PedirPintura, for the figure with the present stamp `SeloAtual`. `Centro` is set as a
+    /// drawing would set it.
+    bool Pedir(const TListaElementosGraficos &Elementos, std::uint64_t SeloAtual, TCanvas &Canvas,
+               const TRect &Rect, double Densidade, TPinturaPedida &Pedida, TPoint &Centro);
 
 private:
     // What a drawing into a rectangle of one size depends on, wherever it stands unless its Encaixe is Fixo.
@@ -66,7 +64,8 @@ private:
         TRect Coordenadas; // what all computed coordinates lie in, relative likewise
         TPinturaDoElemento Todos;
     };
-    const TResumo &Resumo(const TListaElementosGraficos &Elementos, const TRect &Rect);
+    const TResumo &Resumo(const TListaElementosGraficos &Elementos, std::uint64_t SeloAtual,
+                          const TRect &Rect);
     static void Resumir(TResumo &Resumo, const TListaElementosGraficos &Elementos, const TRect &Rect);
     static TEncaixe NoLugar(const TResumo &Resumo, const TRect &Rect) noexcept;
     static std::optional<TChaveDePintura> Chave(const TResumo &Resumo, TCanvas &Canvas, const TRect &Rect,
