@@ -190,8 +190,10 @@ void TSetor::Desenhar(TCanvas &Canvas, const TRect &Rect)
     std::array<TPoint, PontosDoContorno> Pontos;
     if (!TContorno(*this, Pontos, Rect).Tracar())
         return;
-    // On small symbols many of the points coincide; a side without length draws nothing.
-    const auto Fim = std::unique(Pontos.begin(), Pontos.end());
+    // On small symbols many of the points coincide; a side without length draws nothing, but it counts in the
+    // pattern of a broken line.
+    const bool Tracejada = FEstiloLinha >= TPenStyle::psDash && FEstiloLinha <= TPenStyle::psDashDotDot;
+    const auto Fim = Tracejada ? Pontos.end() : std::unique(Pontos.begin(), Pontos.end());
     Canvas.Polygon({Pontos.begin(), Fim});
 }
 
