@@ -14,6 +14,18 @@ namespace Sibrel
 
 class TListaElementosGraficos;
 
+/// What drawing a figure sets of a canvas's state; what it does not set stays as it was.
+struct TEstadoDeixado {
+    std::optional<TColor> CorDaCaneta;
+    std::optional<TPenStyle> EstiloDaCaneta;
+    std::optional<TColor> CorDoPincel;
+    std::optional<TBrushStyle> EstiloDoPincel;
+    std::optional<TFont> Fonte;
+    std::optional<unsigned> Alinhamento;
+
+    void Aplicar(TCanvas &Canvas) const;
+};
+
 /// The fitting of a figure into a rectangle: scale and both centres.
 class TEnquadramento
 {
@@ -63,6 +75,7 @@ private:
         TRect Linhas;      // the part of it that must not be cut by a clip
         TRect Coordenadas; // what all computed coordinates lie in, relative likewise
         TPinturaDoElemento Todos;
+        TEstadoDeixado Estado;
     };
     const TResumo &Resumo(const TListaElementosGraficos &Elementos, std::uint64_t SeloAtual,
                           const TRect &Rect);
