@@ -40,7 +40,7 @@ bool Importar(TTabelaDeSimbolos &Tabela, const QString &Nome)
 void Desenhar(const TTabelaDeSimbolos &Tabela)
 {
     constexpr int Lado = 24;
-    constexpr int Bastam = 50;
+    constexpr int Bastam = 4;
     QImage Imagem(Lado, Lado, QImage::Format_RGB32);
     TCanvas Canvas(Imagem);
     for (int I = 0; I < std::min(Tabela.Simbolos().Count(), Bastam); ++I)

@@ -18,10 +18,11 @@ namespace Sibrel
 
 std::span<TModulo *const> ModulosDoPacote() noexcept
 {
-    static const std::array Modulos = {&ModuloTabelaDeSimbolos(),    &ModuloSimboloImagem(),
-                                       &ModuloTabelaDeSimbolosBD(),  &ModuloSimboloVetorial(),
-                                       &ModuloTagsXML(),             &ModuloTreeNodeXML(),
-                                       &ModuloPrepararAtualizacao(), &ModuloTreeViewXML()};
+    static const std::array Modulos = {
+        &ModuloTabelaDeSimbolos(),    &ModuloSimboloImagem(), &ModuloTabelaDeSimbolosBD(),
+        &ModuloSimboloVetorial(),     &ModuloTagsXML(),       &ModuloTreeNodeXML(),
+        &ModuloPrepararAtualizacao(), &ModuloTreeViewXML(),
+    };
     return Modulos;
 }
 
