@@ -731,17 +731,16 @@ void TestePrepararAtualizacao::NoLentoNaoTravaAJanela()
     for (int I = 0; I < 20; ++I)
         Muitos += U(QString::number(I), QString::number(I));
     Vista.Atualizar(Doc(Muitos));
-    qint64 Maior = 0;
-    QElapsedTimer Relogio;
+    // Were the tree locked while a node loads, there would be some two rounds a node.
+    int Voltas = 0;
     while (TPreparaAtualizacao::Instancias() > 0) {
-        Relogio.start();
-        Vista.viewport()->update();
-        QCoreApplication::processEvents();
+        Vista.viewport()->repaint();
         for (TTreeNode *No = Vista.Nos().GetFirstNode(); No != nullptr; No = No->GetNext())
             No->Text();
-        Maior = std::max(Maior, Relogio.elapsed());
+        QCoreApplication::processEvents();
+        ++Voltas;
     }
-    QVERIFY2(Maior < 45, qPrintable(QString::number(Maior)));
+    QVERIFY2(Voltas > 200, qPrintable(QString::number(Voltas)));
     QCOMPARE(Vista.Nos().Count(), 20);
 }
 
@@ -805,7 +804,7 @@ void TestePrepararAtualizacao::RolagemSelecaoEExpansaoFicam()
     QVERIFY(!N52->Expanded());
     Vista.repaint();
     const int Topo = Vista.DisplayRect(N50).Top;
-    Vista.Atualizar(Doc(U("N3", "3", U("Novo", "n") + U("Novo2", "n2")) + Fora("N7", "7") +
+    Vista.Atualizar(Doc(U("N3", "3", U("Novo", "n") + U("Novo2", "n2") + U("Novo3", "n3")) + Fora("N7", "7") +
                         U("N52", "52", {}, "Cor='3'") + U("X", "x")));
     QVERIFY(EsperarAtualizacoes());
     QCoreApplication::processEvents();
