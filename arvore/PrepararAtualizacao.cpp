@@ -200,11 +200,11 @@ void TPreparaAtualizacao::Servir()
 
 void TPreparaAtualizacao::ServirProgresso(TPedido Pedido)
 {
-    if (FUltimoProgresso || HoraDePublicar()) {
+    if (FPublicarTudo || HoraDePublicar()) {
         FArvore->Modelo().Publicar();
         FUltimaPublicacao = TRelogio::now();
     }
-    if (FUltimoProgresso && FDocumentoPorGuardar)
+    if (std::exchange(FDocumentoPorGuardar, false))
         FArvore->DocumentosNaoGravados.append(FXML);
     if (Pedido == TPedido::Progresso) {
         Contar(FPosicao);

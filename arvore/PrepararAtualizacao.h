@@ -199,7 +199,7 @@ private:
     int FLinhaAtual = 0;
     QString FElementoAtual;
     bool FReservar = false;
-    bool FUltimoProgresso = false;
+    bool FPublicarTudo = false;
     bool FDocumentoPorGuardar = false;
 
     std::mutex FTravaDaVista; // held while a hook of the view's host runs

@@ -77,7 +77,8 @@ void TPreparaAtualizacao::Etapas()
     EntregarPassos();
 }
 
-// The last report comes after everything is shown and let go; then the next update may begin.
+// The last report comes after everything is shown and let go; then the next update may begin. Deleted nodes
+// are destroyed here, once their rows are gone, and not on the GUI thread: there may be very many.
 void TPreparaAtualizacao::Encerrar(const QString &Ultima)
 {
     const auto SemErro = [](auto &&Fazer) {
@@ -86,12 +87,13 @@ void TPreparaAtualizacao::Encerrar(const QString &Ultima)
         } catch (...) { // the outcome is settled: a handler's error, or the view's end, changes it no more
         }
     };
+    FPublicarTudo = true;
     SemErro([this] { EntregarPassos(); });
+    SemErro([this] { Entregar(TPedido::Passos); });
     LiberarOperacoes();
     FNos->Soltar();
     SemErro([&] {
         IrParaEtapa(Ultima);
-        FUltimoProgresso = true;
         Progresso(0, 0);
     });
     FDocumento.reset();
