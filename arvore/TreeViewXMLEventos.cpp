@@ -28,7 +28,7 @@ bool TTreeViewXML::CustomDrawItem(TTreeNode &No, const TEstadoDoItem &Estado, TE
         Canvas().Font.AtribuirColor(clHighlightText);
         Canvas().Brush.Color = clHighlight;
     }
-    TDesenhoDeItem Desenho(*this, *XML, Canvas(), DisplayRect(&No));
+    TDesenhoDeItem Desenho(*this, *XML, Canvas(), LinhaEmDesenho());
     Desenho.Desenhar();
     NotarLargura(Desenho.Fim());
     return false;

@@ -216,6 +216,8 @@ bool TTreeView::DesenharLinha(const QStyleOptionViewItem &Opcao, const QModelInd
                                                 : TColor(Cores.color(QPalette::Base));
     FCanvas->Font.AtribuirColor(Realce ? TColor(Cores.color(QPalette::HighlightedText))
                                        : TColor(Cores.color(QPalette::Text)));
+    FLinhaEmDesenho = {header()->sectionViewportPosition(0), Opcao.rect.top(), viewport()->width(),
+                       Opcao.rect.top() + Opcao.rect.height()};
     bool ComImagens = true;
     return CustomDrawItem(*No, Estado, TEstagioDoDesenho::PrePintura, ComImagens);
 }

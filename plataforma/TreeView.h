@@ -88,6 +88,8 @@ protected:
     virtual QVariant DadoDoNo(const TTreeNode &No, int Papel) const;
     /// The canvas of the row being drawn. Only inside CustomDrawItem.
     TCanvas &Canvas() const noexcept { return *FCanvas; }
+    /// That row's rectangle, as DisplayRect would give it, without looking for the row among all.
+    const TRect &LinhaEmDesenho() const noexcept { return FLinhaEmDesenho; }
 
     bool event(QEvent *Evento) override;
     void paintEvent(QPaintEvent *Evento) override;
@@ -106,6 +108,7 @@ private:
     std::shared_ptr<TTreeNodes> FNos;
     TModeloDeNos *FModelo;
     TCanvas *FCanvas = nullptr;
+    TRect FLinhaEmDesenho;
     QPointer<QMenu> FPopupMenu;
     QPersistentModelIndex FTopo; // the row at the viewport's top edge
     int FDeslocamentoDoTopo = 0;
