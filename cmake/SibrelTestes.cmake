@@ -6,7 +6,7 @@ function(sibrel_teste nome)
   add_executable(${nome} ${arg_UNPARSED_ARGUMENTS})
   target_link_libraries(${nome} PRIVATE Sibrel::Sibrel testes_comum Qt6::Test sibrel_opcoes ${arg_LIBS})
   if(SIBREL_PRECOMPILAR)
-    target_precompile_headers(${nome} REUSE_FROM testes_comum)
+    target_precompile_headers(${nome} REUSE_FROM testes_precompilado)
   endif()
   add_test(NAME ${nome} COMMAND ${nome})
   set_tests_properties(${nome} PROPERTIES TIMEOUT 600 ENVIRONMENT
