@@ -88,8 +88,9 @@ void TCanvas::StretchDraw(const TRect &Area, const TGraphic &Grafico)
 {
     if (Area.Width() == 0 || Area.Height() == 0 || Grafico.Empty())
         return;
-    const QRect Alvo(std::min(Area.Left, Area.Right), std::min(Area.Top, Area.Bottom),
-                     static_cast<int>(std::abs(Area.Width())), static_cast<int>(std::abs(Area.Height())));
+    const QRect Alvo = TRect(std::min(Area.Left, Area.Right), std::min(Area.Top, Area.Bottom),
+                             std::max(Area.Left, Area.Right), std::max(Area.Top, Area.Bottom))
+                           .ParaQRect();
     const bool ComPixels = DensidadeDePixels().has_value();
     const QTransform ParaOAparelho = Pintor().deviceTransform();
     const QRect Fisica = ComPixels ? EmPixels(ParaOAparelho, Alvo) : QRect();
