@@ -67,6 +67,29 @@ QString De1252(QByteArrayView Bytes)
     return Texto;
 }
 
+QByteArray Utf8De1252(QByteArrayView Bytes)
+{
+    const auto Alto = [](char B) { return static_cast<std::uint8_t>(B) >= 0x80; };
+    // Two bytes for most, three for the euro and its like: room for all, and no second pass.
+    const auto Altos = std::count_if(Bytes.begin(), Bytes.end(), Alto);
+    QByteArray Texto(Bytes.size() + 2 * Altos, Qt::Uninitialized);
+    char *Destino = Texto.data();
+    for (auto Lugar = Bytes.begin(); Lugar != Bytes.end();) {
+        const auto Fim = std::find_if(Lugar, Bytes.end(), Alto);
+        Destino = std::copy(Lugar, Fim, Destino);
+        Lugar = Fim;
+        for (; Lugar != Bytes.end() && Alto(*Lugar); ++Lugar) {
+            const unsigned C = Pagina1252[static_cast<std::uint8_t>(*Lugar) - 0x80U];
+            if (C >= 0x800)
+                *Destino++ = static_cast<char>(0xE0U | (C >> 12U));
+            *Destino++ = static_cast<char>(C >= 0x800 ? 0x80U | ((C >> 6U) & 0x3FU) : 0xC0U | (C >> 6U));
+            *Destino++ = static_cast<char>(0x80U | (C & 0x3FU));
+        }
+    }
+    Texto.truncate(Destino - Texto.constData());
+    return Texto;
+}
+
 std::optional<QByteArray> Para1252(QStringView Texto)
 {
     QByteArray Bytes(Texto.size(), Qt::Uninitialized);

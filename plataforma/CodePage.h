@@ -18,6 +18,9 @@ namespace Sibrel
 /// point of the same value), so that no byte of an old file is lost on the way in and out.
 SIBREL_EXPORT QString De1252(QByteArrayView Bytes);
 
+/// The same text as UTF-8, without a QString in between: for documents of many megabytes.
+SIBREL_EXPORT QByteArray Utf8De1252(QByteArrayView Bytes);
+
 /// The bytes of a text in code page 1252; nothing when a character has no byte there.
 SIBREL_EXPORT std::optional<QByteArray> Para1252(QStringView Texto);
 

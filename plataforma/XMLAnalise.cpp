@@ -253,6 +253,9 @@ bool AtributosDemais(std::string_view Utf8) noexcept
 
 TXMLDocument::TReferencia AnalisarXML(const QByteArray &Utf8, const QString &Base)
 {
+    // The parser takes a character zero behind the document element for the end.
+    if (const qsizetype Zero = Utf8.indexOf('\0'); Zero >= 0)
+        throw ErroDeXML(QStringLiteral("O byte %1 do documento é zero.").arg(Zero + 1));
     if (AtributosDemais({Utf8.constData(), static_cast<std::size_t>(Utf8.size())}))
         throw ErroDeXML(QStringLiteral("Um elemento tem mais de %1 atributos.").arg(TLimitesXML::Atributos));
     TLeitorXML Leitor(Utf8);

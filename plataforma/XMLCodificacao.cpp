@@ -8,12 +8,7 @@
 #include <QStringDecoder>
 #include <QStringEncoder>
 
-#include <libxml/encoding.h>
-#include <libxml/tree.h>
-
 #include <algorithm>
-#include <array>
-#include <memory>
 #include <optional>
 #include <string_view>
 
@@ -44,14 +39,24 @@ bool UmDe(QByteArrayView Nome, std::initializer_list<const char *> Nomes) noexce
                        [Nome](const char *N) { return Nome.compare(N, Qt::CaseInsensitive) == 0; });
 }
 
-QByteArray Utf8De(QStringConverter::Encoding Codificacao, QByteArrayView Bytes)
+QByteArray Utf8De(QStringDecoder &Decodificador, QByteArrayView Bytes)
 {
-    QStringDecoder Decodificador(Codificacao);
     const QString Texto = Decodificador(Bytes);
     if (Decodificador.hasError())
-        throw ErroDeXML(QStringLiteral("Os bytes não são texto em %1.")
-                            .arg(QLatin1String(QStringConverter::nameForEncoding(Codificacao))));
+        throw ErroDeXML(
+            QStringLiteral("Os bytes não são texto em <%1>.").arg(QLatin1String(Decodificador.name())));
     return Utf8DeTexto(Texto);
+}
+
+QByteArray Utf8De(QStringConverter::Encoding Codificacao, QByteArrayView Bytes)
+{
+    const bool DeQuatro = Codificacao == QStringConverter::Utf32LE ||
+                          Codificacao == QStringConverter::Utf32BE || Codificacao == QStringConverter::Utf32;
+    // The decoder waits for the rest of a last character instead of calling it an error.
+    if (Codificacao != QStringConverter::Utf8 && Bytes.size() % (DeQuatro ? 4 : 2) != 0)
+        throw ErroDeXML(QStringLiteral("O documento termina no meio de um caracter."));
+    QStringDecoder Decodificador(Codificacao);
+    return Utf8De(Decodificador, Bytes);
 }
 
 // Without a mark, the first characters of "<?xml" tell a wide encoding apart.
@@ -69,30 +74,15 @@ std::optional<QStringConverter::Encoding> Larga(QByteArrayView Bytes) noexcept
     return std::nullopt;
 }
 
-// The encodings that this library does not know itself.
+// Encodings that this library does not know itself: those that the installed Qt knows.
 QByteArray Utf8PeloNome(QByteArrayView Nome, QByteArrayView Bytes)
 {
     const QByteArray Declarada = Nome.toByteArray();
-    const std::unique_ptr<xmlCharEncodingHandler, int (*)(xmlCharEncodingHandlerPtr)> Tratador(
-        xmlFindCharEncodingHandler(Declarada.constData()), xmlCharEncCloseFunc);
-    if (!Tratador)
+    QStringDecoder Decodificador(Declarada.constData());
+    if (!Decodificador.isValid())
         throw ErroDeXML(
             QStringLiteral("A codificação <%1> não é conhecida.").arg(QString::fromLatin1(Declarada)));
-    const std::unique_ptr<xmlBuffer, void (*)(xmlBufferPtr)> Entrada(xmlBufferCreate(), xmlBufferFree);
-    const std::unique_ptr<xmlBuffer, void (*)(xmlBufferPtr)> Saida(xmlBufferCreate(), xmlBufferFree);
-    if (!Entrada || !Saida ||
-        xmlBufferAdd(Entrada.get(), reinterpret_cast<const xmlChar *>(Bytes.data()),
-                     static_cast<int>(Bytes.size())) != 0)
-        throw std::bad_alloc();
-    // Each call converts what fits; it has to consume something, and all in the end.
-    while (xmlBufferLength(Entrada.get()) > 0) {
-        const int Antes = xmlBufferLength(Entrada.get());
-        if (xmlCharEncInFunc(Tratador.get(), Saida.get(), Entrada.get()) < 0 ||
-            xmlBufferLength(Entrada.get()) == Antes)
-            throw ErroDeXML(
-                QStringLiteral("Os bytes não são texto em <%1>.").arg(QString::fromLatin1(Declarada)));
-    }
-    return {reinterpret_cast<const char *>(xmlBufferContent(Saida.get())), xmlBufferLength(Saida.get())};
+    return Utf8De(Decodificador, Bytes);
 }
 
 } // namespace
@@ -108,6 +98,14 @@ QByteArray Utf8DeTexto(QStringView Texto)
     if (Codificador.hasError())
         throw ErroDeXML(QStringLiteral("O texto tem metade de um caracter."));
     return Bytes;
+}
+
+QString TextoDeUtf8(QByteArrayView Bytes)
+{
+    if (!Bytes.startsWith("\xEF\xBB\xBF"))
+        return QString::fromUtf8(Bytes);
+    QStringDecoder Decodificador(QStringConverter::Utf8, QStringConverter::Flag::ConvertInitialBom);
+    return Decodificador(Bytes);
 }
 
 QByteArray Utf8SemMarca(QByteArrayView Bytes)
@@ -154,7 +152,7 @@ QByteArray Utf8DeBytes(QByteArrayView Bytes)
     if (Nome.isEmpty() ||
         UmDe(Nome, {"ISO-8859-1", "ISO8859-1", "ISO_8859-1", "ISO-LATIN-1", "LATIN1", "LATIN-1", "L1",
                     "WINDOWS-1252", "CP1252", "CP-1252", "1252", "US-ASCII", "ASCII"}))
-        return De1252(Bytes).toUtf8();
+        return Utf8De1252(Bytes);
     if (Nome.first(std::min<qsizetype>(Nome.size(), 4)).compare("UTF-", Qt::CaseInsensitive) == 0 ||
         Nome.first(std::min<qsizetype>(Nome.size(), 4)).compare("UCS-", Qt::CaseInsensitive) == 0 ||
         Nome.compare("ISO-10646-UCS-2", Qt::CaseInsensitive) == 0 ||

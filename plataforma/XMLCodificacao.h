@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 #include <QByteArrayView>
+#include <QString>
 #include <QStringView>
 
 namespace Sibrel
@@ -16,6 +17,10 @@ QByteArray Utf8DeTexto(QStringView Texto);
 QByteArray Utf8SemMarca(QByteArrayView Bytes);
 /// By byte order mark, else by the declared encoding, else from code page 1252.
 QByteArray Utf8DeBytes(QByteArrayView Bytes);
+
+/// The text of UTF-8 inside a document. A zero-width no-break space at its start is part of it, which
+/// QString::fromUtf8 takes for a byte order mark and drops.
+QString TextoDeUtf8(QByteArrayView Bytes);
 
 /// The encoding named by the XML or text declaration at the start of the bytes, empty when there is none.
 QByteArrayView CodificacaoDeclarada(QByteArrayView Bytes) noexcept;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "plataforma/XMLConstrutor.h"
 
+#include "plataforma/XMLCodificacao.h"
 #include "plataforma/XMLErro.h"
 
 #include <cstring>
@@ -13,13 +14,6 @@ namespace
 
 // The names of nodes that are no elements have fixed numbers, those of their kinds.
 constexpr std::array<std::string_view, 4> NomesFixos = {"", "#text", "#cdata-section", "#comment"};
-
-template <class T>
-void DevolverSobra(T &Vetor)
-{
-    if (Vetor.capacity() > Vetor.size() + Vetor.size() / 4)
-        Vetor.shrink_to_fit();
-}
 
 } // namespace
 
@@ -41,7 +35,7 @@ std::uint32_t TConstrutorXML::Nome(std::string_view Texto)
     if (const auto Achado = FNumeros.find(Texto); Achado != FNumeros.end())
         return Achado->second;
     const auto Numero = static_cast<std::uint32_t>(FDocumento->FNomes.size());
-    FDocumento->FNomes.push_back(QString::fromUtf8(Texto.data(), static_cast<qsizetype>(Texto.size())));
+    FDocumento->FNomes.push_back(TextoDeUtf8({Texto.data(), static_cast<qsizetype>(Texto.size())}));
     FNumeros.emplace(Texto, Numero);
     return Numero;
 }
@@ -61,26 +55,26 @@ TXMLDocument::TNo &TConstrutorXML::Novo(TTipoDeNoXML Tipo, std::uint32_t Nome, i
             Nos[Dentro.UltimoFilho].Proximo = Indice;
         Dentro.UltimoFilho = Indice;
     }
-    return Nos.emplace_back(TXMLDocument::TNo{.Tipo = static_cast<std::uint32_t>(Tipo) & 7U,
-                                              .Nome = Nome & 0x1FFFFFFFU,
-                                              .Pai = Pai,
-                                              .Proximo = TXMLDocument::Nenhum,
-                                              .Filhos = 0,
-                                              .Inicio = 0,
-                                              .Tamanho = 0,
-                                              .Linha = static_cast<std::uint32_t>(Linha)});
+    return Nos.push_back({.Tipo = static_cast<std::uint32_t>(Tipo) & 7U,
+                          .Nome = Nome & 0x1FFFFFFFU,
+                          .Pai = Pai,
+                          .Proximo = TXMLDocument::Nenhum,
+                          .Filhos = 0,
+                          .Inicio = 0,
+                          .Tamanho = 0,
+                          .Linha = static_cast<std::uint32_t>(Linha)});
 }
 
 std::uint32_t TConstrutorXML::Guardar(std::string_view Texto, const char *Onde)
 {
-    std::string &Textos = FDocumento->FTextos;
+    auto &Textos = FDocumento->FTextos;
     if (Texto.size() > static_cast<std::size_t>(TLimitesXML::Texto))
         throw ErroDeXML(
             QStringLiteral("%1 passa de %2 bytes.").arg(QString::fromUtf8(Onde)).arg(TLimitesXML::Texto));
     const std::size_t Inicio = Textos.size();
     if (Inicio + Texto.size() >= TXMLDocument::Nenhum)
         throw ErroDeXML(QStringLiteral("O documento tem texto demais."));
-    Textos.append(Texto);
+    Textos.append(Texto.data(), Texto.size());
     return static_cast<std::uint32_t>(Inicio);
 }
 
@@ -142,10 +136,10 @@ void TConstrutorXML::EncerrarTexto()
     if (No.Tamanho >= FCurtos.size())
         return;
     std::uint32_t &Anterior = FCurtos[No.Tamanho];
-    std::string &Textos = FDocumento->FTextos;
+    const auto &Textos = FDocumento->FTextos;
     if (Anterior != TXMLDocument::Nenhum &&
         std::memcmp(Textos.data() + Anterior, Textos.data() + No.Inicio, No.Tamanho) == 0) {
-        Textos.resize(No.Inicio);
+        FDocumento->FTextos.truncate(No.Inicio);
         No.Inicio = Anterior;
     } else {
         Anterior = No.Inicio;
@@ -169,10 +163,10 @@ TXMLDocument::TReferencia TConstrutorXML::Terminar()
 {
     if (FDocumento->FNos.empty() || !FAbertos.empty())
         throw ErroDeXML(QStringLiteral("O documento não tem elemento."));
-    DevolverSobra(FDocumento->FNos);
-    DevolverSobra(FDocumento->FAtributos);
-    DevolverSobra(FDocumento->FNomes);
-    DevolverSobra(FDocumento->FTextos);
+    FDocumento->FNos.shrink_to_fit();
+    FDocumento->FAtributos.shrink_to_fit();
+    FDocumento->FNomes.shrink_to_fit();
+    FDocumento->FTextos.shrink_to_fit();
     return std::exchange(FDocumento, nullptr);
 }
 

@@ -5,6 +5,9 @@
 
 #include <libxml/parserInternals.h>
 
+#include <array>
+#include <cstdarg>
+#include <cstdio>
 #include <limits>
 #include <new>
 
@@ -18,7 +21,7 @@ void TContextoXML::TLiberar::operator()(xmlParserCtxt *C) const noexcept
     xmlFreeParserCtxt(C);
 }
 
-TContextoXML::TContextoXML(QByteArrayView Utf8, int Opcoes, const QByteArray &Endereco)
+TContextoXML::TContextoXML(const QByteArray &Utf8, int Opcoes, const QByteArray &Endereco)
 {
     // Safe to call again and from several threads; the parser's tables are made once.
     static const bool Iniciado = (xmlInitParser(), true);
@@ -27,18 +30,36 @@ TContextoXML::TContextoXML(QByteArrayView Utf8, int Opcoes, const QByteArray &En
         throw ErroDeXML(QStringLiteral("O documento está vazio."));
     if (Utf8.size() > std::numeric_limits<int>::max() - 1)
         throw ErroDeXML(QStringLiteral("O documento é grande demais."));
-    FContexto.reset(xmlCreateMemoryParserCtxt(Utf8.data(), static_cast<int>(Utf8.size())));
+    FContexto.reset(xmlNewParserCtxt());
     if (!FContexto)
         throw std::bad_alloc();
+    Ligar(Utf8);
     FContexto->_private = this;
     xmlCtxtUseOptions(FContexto.get(), Opcoes | XML_PARSE_NONET | XML_PARSE_IGNORE_ENC | XML_PARSE_BIG_LINES);
     if (!Endereco.isEmpty())
         FContexto->input->filename =
             reinterpret_cast<char *>(xmlStrdup(reinterpret_cast<const xmlChar *>(Endereco.constData())));
     FContexto->sax->serror = &TContextoXML::AoErrar;
+    FContexto->vctxt.userData = FContexto.get();
+    FContexto->vctxt.error = &TContextoXML::AoInvalidar;
+    FContexto->vctxt.warning = nullptr;
 }
 
 TContextoXML::~TContextoXML() = default;
+
+// As a text in memory, which the parser reads where it is; a buffer of its own would be a copy of the
+// document. It looks for the end itself: a zero, which QByteArray has there and the document nowhere before.
+void TContextoXML::Ligar(const QByteArray &Utf8)
+{
+    xmlParserInputPtr Entrada =
+        xmlNewStringInputStream(FContexto.get(), reinterpret_cast<const xmlChar *>(Utf8.constData()));
+    if (!Entrada)
+        throw std::bad_alloc();
+    if (inputPush(FContexto.get(), Entrada) < 0) {
+        xmlFreeInputStream(Entrada);
+        throw std::bad_alloc();
+    }
+}
 
 void TContextoXML::Analisar()
 {
@@ -49,6 +70,8 @@ void TContextoXML::Analisar()
         std::rethrow_exception(FFalha);
     if (!FInterrompido && !FContexto->wellFormed)
         throw ErroDeXML(QStringLiteral("O documento não é bem formado."));
+    if (!FInterrompido && FContexto->validate && !FContexto->valid)
+        throw ErroDeXML(QStringLiteral("O documento não é válido pela sua DTD."));
 }
 
 void TContextoXML::Falhar(std::exception_ptr Falha) noexcept
@@ -59,17 +82,33 @@ void TContextoXML::Falhar(std::exception_ptr Falha) noexcept
 
 void TContextoXML::AoErrar(void *Dados, xmlErrorPtr Erro)
 {
-    // An undeclared prefix is tolerated: names are taken as they are written, name spaces mean nothing here.
-    if (!Dados || Erro->level < XML_ERR_ERROR || Erro->code == XML_NS_ERR_UNDEFINED_NAMESPACE)
+    // Names are taken as they are written, name spaces mean nothing here: of their rules only those are kept
+    // whose breach makes the parser drop a declaration.
+    const bool SoEspacoDeNomes = Erro->domain == XML_FROM_NAMESPACE && Erro->code != XML_NS_ERR_XML_NAMESPACE;
+    if (!Dados || Erro->level < XML_ERR_ERROR || SoEspacoDeNomes)
         return;
-    TContextoXML &Este = De(Dados);
-    if (Este.FFalha || Este.FInterrompido)
+    De(Dados).Anotar(Erro->message, Erro->line, Erro->int2);
+}
+
+// References between elements are checked when all has been read; that check knows this older way only.
+void TContextoXML::AoInvalidar(void *Dados, const char *Formato, ...)
+{
+    std::array<char, 1024> Texto{};
+    va_list Argumentos;
+    va_start(Argumentos, Formato);
+    std::vsnprintf(Texto.data(), Texto.size(), Formato, Argumentos);
+    va_end(Argumentos);
+    De(Dados).Anotar(Texto.data(), 0, 0);
+}
+
+void TContextoXML::Anotar(const char *Motivo, int Linha, int Coluna) noexcept
+{
+    if (FFalha || FInterrompido)
         return;
     try {
-        const QString Motivo = QString::fromUtf8(Erro->message).trimmed();
-        Este.Falhar(std::make_exception_ptr(ErroDeXML(Motivo, Erro->line, Erro->int2)));
+        Falhar(std::make_exception_ptr(ErroDeXML(QString::fromUtf8(Motivo).trimmed(), Linha, Coluna)));
     } catch (...) {
-        Este.Falhar(std::current_exception());
+        Falhar(std::current_exception());
     }
 }
 

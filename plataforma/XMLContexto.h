@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-#include <QByteArrayView>
+#include <QByteArray>
 #include <QString>
 
 #include <libxml/parser.h>
@@ -19,8 +19,9 @@ namespace Sibrel
 class TContextoXML
 {
 public:
-    /// `Utf8` has to live as long as the object, `Endereco` names the document for relative references.
-    TContextoXML(QByteArrayView Utf8, int Opcoes, const QByteArray &Endereco = {});
+    /// `Utf8` is read in place and has to live as long as the object; `Endereco` names the document for
+    /// relative references.
+    TContextoXML(const QByteArray &Utf8, int Opcoes, const QByteArray &Endereco = {});
     virtual ~TContextoXML();
     TContextoXML(const TContextoXML &) = delete;
     TContextoXML &operator=(const TContextoXML &) = delete;
@@ -59,7 +60,10 @@ protected:
     bool FInterrompido = false;
 
 private:
+    void Ligar(const QByteArray &Utf8);
     static void AoErrar(void *Dados, xmlErrorPtr Erro);
+    [[gnu::format(printf, 2, 3)]] static void AoInvalidar(void *Dados, const char *Formato, ...);
+    void Anotar(const char *Motivo, int Linha, int Coluna) noexcept;
 
     struct TLiberar {
         void operator()(xmlParserCtxt *C) const noexcept;

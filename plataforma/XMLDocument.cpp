@@ -85,7 +85,7 @@ QString TCursorXML::AttributeName(int Indice) const
 
 QString TCursorXML::AttributeText(int Indice) const
 {
-    return QString::fromUtf8(AttributeUtf8(Indice));
+    return TextoDeUtf8(AttributeUtf8(Indice));
 }
 
 QByteArrayView TCursorXML::AttributeUtf8(int Indice) const
@@ -123,7 +123,7 @@ std::optional<QByteArrayView> TCursorXML::AttributeUtf8(QStringView Nome) const 
 std::optional<QString> TCursorXML::Attribute(QStringView Nome) const
 {
     const auto Bytes = AttributeUtf8(Nome);
-    return Bytes ? std::optional(QString::fromUtf8(*Bytes)) : std::nullopt;
+    return Bytes ? std::optional(TextoDeUtf8(*Bytes)) : std::nullopt;
 }
 
 QByteArrayView TCursorXML::TextUtf8() const noexcept
@@ -137,7 +137,7 @@ QByteArrayView TCursorXML::TextUtf8() const noexcept
 QString TCursorXML::Text() const
 {
     if (!Elemento())
-        return QString::fromUtf8(TextUtf8());
+        return TextoDeUtf8(TextUtf8());
     // What is below a node stands right behind it, up to the first node that is not below it.
     QByteArray Bytes;
     const auto &Nos = FDocumento->FNos;
@@ -147,7 +147,7 @@ QString TCursorXML::Text() const
         if (Tipo == TTipoDeNoXML::Texto || Tipo == TTipoDeNoXML::CDATA)
             Bytes += FDocumento->Trecho(Nos[I].Inicio, Nos[I].Tamanho);
     }
-    return QString::fromUtf8(Bytes);
+    return TextoDeUtf8(Bytes);
 }
 
 IXMLNode TCursorXML::Guardar() const

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "plataforma/Exportacao.h"
+#include "plataforma/VetorPlano.h"
 
 #include <QByteArray>
 #include <QByteArrayView>
@@ -14,7 +15,6 @@
 #include <iterator>
 #include <memory>
 #include <optional>
-#include <string>
 #include <utility>
 #include <vector>
 
@@ -276,10 +276,10 @@ private:
         return {FTextos.data() + Inicio, static_cast<qsizetype>(Tamanho)};
     }
 
-    std::vector<TNo> FNos;
-    std::vector<TAtributo> FAtributos;
+    TVetorPlano<TNo> FNos;
+    TVetorPlano<TAtributo> FAtributos;
+    TVetorPlano<char> FTextos;   // all texts and attribute values, UTF-8
     std::vector<QString> FNomes; // each name once
-    std::string FTextos;         // all texts and attribute values, UTF-8
 };
 
 } // namespace Sibrel

@@ -2,9 +2,11 @@
 #include "registro/Sibrel.h"
 
 #include "simbolos/SimboloImagem.h"
+#include "simbolos/SimboloVetorial.h"
 #include "simbolos/TabelaDeSimbolos.h"
 #include "simbolos/TabelaDeSimbolosBD.h"
 
+#include <algorithm>
 #include <array>
 
 namespace Sibrel
@@ -13,7 +15,7 @@ namespace Sibrel
 std::span<TModulo *const> ModulosDoPacote() noexcept
 {
     static const std::array Modulos = {&ModuloTabelaDeSimbolos(), &ModuloSimboloImagem(),
-                                       &ModuloTabelaDeSimbolosBD()};
+                                       &ModuloTabelaDeSimbolosBD(), &ModuloSimboloVetorial()};
     return Modulos;
 }
 
@@ -42,3 +44,10 @@ const TPartida Partida;
 } // namespace
 
 } // namespace Sibrel
+
+int SibrelModulosIniciados()
+{
+    const auto Modulos = Sibrel::ModulosDoPacote();
+    return static_cast<int>(std::count_if(Modulos.begin(), Modulos.end(),
+                                          [](const Sibrel::TModulo *M) { return M->Iniciado(); }));
+}

@@ -15,3 +15,6 @@ namespace Sibrel
 SIBREL_EXPORT std::span<TModulo *const> ModulosDoPacote() noexcept;
 
 } // namespace Sibrel
+
+/// How many of the package's modules are started now; with a plain name, for who loads the library by hand.
+extern "C" SIBREL_EXPORT int SibrelModulosIniciados();

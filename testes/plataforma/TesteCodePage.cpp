@@ -26,6 +26,7 @@ void TesteCodePage::CadaByteSobreviveIdaEVolta()
     for (int B = 0; B < 256; ++B)
         Todos += static_cast<char>(B);
     QCOMPARE(Para1252(De1252(Todos)), std::optional(Todos));
+    QCOMPARE(Utf8De1252(Todos), De1252(Todos).toUtf8());
 }
 
 void TesteCodePage::OsCincoSemCaracterTemOProprioValor()

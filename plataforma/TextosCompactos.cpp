@@ -1,0 +1,172 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "plataforma/TextosCompactos.h"
+
+#include <cstring>
+
+namespace Sibrel
+{
+
+namespace
+{
+
+// Numbers stand seven bits a byte, lowest first, the high bit meaning "more follows": nearly all are one
+// byte.
+constexpr unsigned Bits = 7;
+constexpr unsigned Mais = 0x80;
+
+std::size_t TamanhoDoNumero(std::size_t Valor) noexcept
+{
+    std::size_t Bytes = 1;
+    while (Valor >>= Bits)
+        ++Bytes;
+    return Bytes;
+}
+
+unsigned char *EscreverNumero(unsigned char *Onde, std::size_t Valor) noexcept
+{
+    for (; Valor >= Mais; Valor >>= Bits)
+        *Onde++ = static_cast<unsigned char>(Valor | Mais);
+    *Onde++ = static_cast<unsigned char>(Valor);
+    return Onde;
+}
+
+const unsigned char *LerNumero(const unsigned char *Onde, std::size_t &Valor) noexcept
+{
+    Valor = 0;
+    for (unsigned Casa = 0;; Casa += Bits) {
+        const unsigned Byte = *Onde++;
+        Valor |= static_cast<std::size_t>(Byte & (Mais - 1)) << Casa;
+        if (Byte < Mais)
+            return Onde;
+    }
+}
+
+} // namespace
+
+bool TTextosCompactos::TLeitor::Proxima(QByteArrayView &Linha) noexcept
+{
+    if (FAqui == FFim)
+        return false;
+    std::size_t Tamanho = 0;
+    FAqui = LerNumero(FAqui, Tamanho);
+    Linha = QByteArrayView(FAqui, static_cast<qsizetype>(Tamanho));
+    FAqui += Tamanho;
+    return true;
+}
+
+TTextosCompactos::TLugares TTextosCompactos::Lugares() const noexcept
+{
+    TLugares Todos;
+    if (!FBloco)
+        return Todos;
+    const unsigned char *Aqui = FBloco.get();
+    for (TLugar &L : Todos) {
+        Aqui = LerNumero(Aqui, L.Linhas);
+        Aqui = LerNumero(Aqui, L.Tamanho);
+    }
+    for (TLugar &L : Todos) {
+        L.Inicio = Aqui;
+        Aqui += L.Tamanho;
+    }
+    return Todos;
+}
+
+int TTextosCompactos::Count(TParte Parte) const noexcept
+{
+    return static_cast<int>(Lugares()[Parte].Linhas);
+}
+
+TTextosCompactos::TLeitor TTextosCompactos::Ler(TParte Parte) const noexcept
+{
+    const TLugar L = Lugares()[Parte];
+    TLeitor Leitor;
+    Leitor.FAqui = L.Inicio;
+    Leitor.FFim = L.Inicio + L.Tamanho;
+    return Leitor;
+}
+
+QByteArrayView TTextosCompactos::Linha(TParte Parte, int Indice) const noexcept
+{
+    TLeitor Leitor = Ler(Parte);
+    QByteArrayView Texto;
+    for (int I = 0; I <= Indice; ++I)
+        Leitor.Proxima(Texto);
+    return Texto;
+}
+
+QByteArrayView TTextosCompactos::Bytes(TParte Parte) const noexcept
+{
+    const TLugar L = Lugares()[Parte];
+    return {L.Inicio, static_cast<qsizetype>(L.Tamanho)};
+}
+
+QByteArrayView TTextosCompactos::ObterLegenda() const noexcept
+{
+    TLeitor Leitor = Ler(Legenda);
+    QByteArrayView Texto;
+    Leitor.Proxima(Texto);
+    return Texto;
+}
+
+void TTextosCompactos::Atribuir(TParte Parte, TLinhas Linhas)
+{
+    std::array<TFonte, Partes> Fontes{};
+    const TLugares Antes = Lugares();
+    for (std::size_t P = 0; P < Partes; ++P)
+        Fontes[P] = P == Parte ? TFonte{DeLinhas(Linhas), Linhas} : TFonte{Antes[P], {}};
+    Montar(Fontes);
+}
+
+void TTextosCompactos::Atribuir(const std::array<TLinhas, Partes> &Todas)
+{
+    std::array<TFonte, Partes> Fontes{};
+    for (std::size_t P = 0; P < Partes; ++P)
+        Fontes[P] = TFonte{DeLinhas(Todas[P]), Todas[P]};
+    Montar(Fontes);
+}
+
+TTextosCompactos::TLugar TTextosCompactos::DeLinhas(TLinhas Linhas) noexcept
+{
+    TLugar L;
+    L.Linhas = Linhas.size();
+    for (const QByteArrayView Texto : Linhas) {
+        const auto Tamanho = static_cast<std::size_t>(Texto.size());
+        L.Tamanho += TamanhoDoNumero(Tamanho) + Tamanho;
+    }
+    return L;
+}
+
+void TTextosCompactos::Montar(const std::array<TFonte, Partes> &Fontes)
+{
+    std::size_t Total = 0;
+    for (const TFonte &F : Fontes)
+        Total += TamanhoDoNumero(F.Lugar.Linhas) + TamanhoDoNumero(F.Lugar.Tamanho) + F.Lugar.Tamanho;
+    std::unique_ptr<unsigned char[]> Novo(new unsigned char[Total]);
+    unsigned char *Aqui = Novo.get();
+    for (const TFonte &F : Fontes)
+        Aqui = EscreverNumero(EscreverNumero(Aqui, F.Lugar.Linhas), F.Lugar.Tamanho);
+    const auto Copiar = [&Aqui](const void *De, std::size_t Tamanho) {
+        if (Tamanho > 0)
+            std::memcpy(Aqui, De, Tamanho);
+        Aqui += Tamanho;
+    };
+    for (const TFonte &F : Fontes) {
+        if (F.Lugar.Inicio != nullptr)
+            Copiar(F.Lugar.Inicio, F.Lugar.Tamanho);
+        for (const QByteArrayView Texto : F.Linhas) {
+            Aqui = EscreverNumero(Aqui, static_cast<std::size_t>(Texto.size()));
+            Copiar(Texto.data(), static_cast<std::size_t>(Texto.size()));
+        }
+    }
+    FBloco = std::move(Novo); // the former block, in which the lines may stand, lives until here
+}
+
+std::size_t TTextosCompactos::Memoria() const noexcept
+{
+    if (!FBloco)
+        return 0;
+    const TLugares Todos = Lugares();
+    return static_cast<std::size_t>(Todos.back().Inicio - FBloco.get()) + Todos.back().Tamanho;
+}
+
+} // namespace Sibrel
