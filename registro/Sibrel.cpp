@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "registro/Sibrel.h"
 
+#include "arvore/TreeViewXMLBD.h"
 #include "simbolos/SimboloImagem.h"
 #include "simbolos/SimboloVetorial.h"
 #include "simbolos/TabelaDeSimbolos.h"
@@ -15,7 +16,8 @@ namespace Sibrel
 std::span<TModulo *const> ModulosDoPacote() noexcept
 {
     static const std::array Modulos = {&ModuloTabelaDeSimbolos(), &ModuloSimboloImagem(),
-                                       &ModuloTabelaDeSimbolosBD(), &ModuloSimboloVetorial()};
+                                       &ModuloTabelaDeSimbolosBD(), &ModuloSimboloVetorial(),
+                                       &ModuloTreeViewXMLBD()};
     return Modulos;
 }
 
