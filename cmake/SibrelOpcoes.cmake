@@ -34,3 +34,12 @@ function(sibrel_camada camada)
   endforeach()
   target_sources(Sibrel PUBLIC FILE_SET HEADERS BASE_DIRS "${PROJECT_SOURCE_DIR}" FILES ${cabecalhos})
 endfunction()
+
+# sibrel_precompilar(<target> <header>...): what Qt costs every source, paid once. Only where it was asked for: without
+# it every source proves that it includes what it needs.
+option(SIBREL_PRECOMPILAR "Precompile the headers that most sources include" OFF)
+function(sibrel_precompilar alvo)
+  if(SIBREL_PRECOMPILAR)
+    target_precompile_headers(${alvo} PRIVATE ${ARGN})
+  endif()
+endfunction()

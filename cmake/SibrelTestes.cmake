@@ -5,6 +5,9 @@ function(sibrel_teste nome)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LIBS")
   add_executable(${nome} ${arg_UNPARSED_ARGUMENTS})
   target_link_libraries(${nome} PRIVATE Sibrel::Sibrel testes_comum Qt6::Test sibrel_opcoes ${arg_LIBS})
+  if(SIBREL_PRECOMPILAR)
+    target_precompile_headers(${nome} REUSE_FROM testes_comum)
+  endif()
   add_test(NAME ${nome} COMMAND ${nome})
   set_tests_properties(${nome} PROPERTIES TIMEOUT 600 ENVIRONMENT
     "QT_QPA_PLATFORM=offscreen;QT_STYLE_OVERRIDE=Fusion;LC_ALL=C.UTF-8;ASAN_OPTIONS=detect_leaks=1;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/testes/lsan.supp;TSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/testes/tsan.supp"

@@ -68,6 +68,8 @@ QStringList Componentes(const QString &Nome)
 
 QString ResolverNomeDeArquivo(const QString &Nome)
 {
+    if (Nome.contains(u'\0'))
+        return Nome; // from a damaged record: no system has such a file, and asking would only be a warning
     if (QFileInfo::exists(Nome))
         return Nome; // also a name that holds a backslash on a system that allows it
     QString Direto = ComBarras(Nome);
@@ -92,7 +94,7 @@ QString ResolverNomeDeArquivo(const QString &Nome)
 
 bool ArquivoExiste(const QString &Nome)
 {
-    return !Nome.isEmpty() && QFileInfo(ResolverNomeDeArquivo(Nome)).isFile();
+    return !Nome.isEmpty() && !Nome.contains(u'\0') && QFileInfo(ResolverNomeDeArquivo(Nome)).isFile();
 }
 
 QString PastaDe(const QString &Nome)
@@ -126,6 +128,19 @@ QString CaminhoRelativo(const QString &Pasta, const QString &Nome)
     return Resultado.join(Nome.contains(u'\\') ? u'\\' : u'/');
 }
 
+QString ResolverNomeParaGravar(const QString &Nome)
+{
+    const QString Existente = ResolverNomeDeArquivo(Nome);
+    if (QFileInfo::exists(Existente))
+        return Existente;
+    const QString Pasta = PastaDe(Nome);
+    if (Pasta.isEmpty())
+        return Existente;
+    const QString PastaExistente = ResolverNomeDeArquivo(Pasta);
+    return (PastaExistente.endsWith(u'/') ? PastaExistente : PastaExistente + u'/') +
+           Existente.sliced(Existente.lastIndexOf(u'/') + 1);
+}
+
 QByteArray LerArquivoInteiro(const QString &Nome)
 {
     const QString Mensagem = QStringLiteral("Não foi possível abrir o arquivo <%1>!").arg(Nome);
@@ -154,13 +169,14 @@ void GravarArquivoInteiro(const QString &Nome, QByteArrayView Bytes)
         return Arquivo.open(QIODevice::WriteOnly) &&
                Arquivo.write(Bytes.data(), Bytes.size()) == Bytes.size() && Arquivo.flush();
     };
-    if (const QFileInfo Alvo(Nome); Alvo.exists() && !Alvo.isFile()) {
-        QFile Direto(Nome); // a device or a pipe is written to, not replaced by a file
+    const QString Verdadeiro = ResolverNomeParaGravar(Nome);
+    if (const QFileInfo Alvo(Verdadeiro); Alvo.exists() && !Alvo.isFile()) {
+        QFile Direto(Verdadeiro); // a device or a pipe is written to, not replaced by a file
         if (!Escreve(Direto))
             throw Falhou(Direto);
         return;
     }
-    QSaveFile Arquivo(Nome);
+    QSaveFile Arquivo(Verdadeiro);
     Arquivo.setDirectWriteFallback(true); // a folder that forbids new files may still allow this one
     if (!Escreve(Arquivo) || !Arquivo.commit())
         throw Falhou(Arquivo);

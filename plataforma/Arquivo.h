@@ -19,6 +19,10 @@ namespace Sibrel
 /// current directory.
 SIBREL_EXPORT QString ResolverNomeDeArquivo(const QString &Nome);
 
+/// The name under which a file `Nome` is to be written: the existing file that it means or, when there is
+/// none, that name in the existing folder that its folder means.
+SIBREL_EXPORT QString ResolverNomeParaGravar(const QString &Nome);
+
 /// True when `Nome`, resolved as above, is a file (not a folder).
 SIBREL_EXPORT bool ArquivoExiste(const QString &Nome);
 
@@ -34,7 +38,8 @@ SIBREL_EXPORT QString PastaDe(const QString &Nome);
 /// is a folder, or is too large for memory.
 SIBREL_EXPORT QByteArray LerArquivoInteiro(const QString &Nome);
 
-/// Replaces a file's content as one step: on failure (EFCreateError) the former content is still there.
+/// Replaces a file's content as one step: on failure (EFCreateError) the former content is still there. The
+/// name is resolved as by ResolverNomeParaGravar.
 SIBREL_EXPORT void GravarArquivoInteiro(const QString &Nome, QByteArrayView Bytes);
 
 /// The text of a file's bytes: by the byte order mark when there is one, else code page 1252.

@@ -50,9 +50,13 @@ TArquivoDeLeitura::TArquivoDeLeitura(QByteArray Bytes, QString Nome)
 
 qsizetype TArquivoDeLeitura::FimDestaLinha() const noexcept
 {
-    const qsizetype Lf = FBytes.indexOf('\n', FPosicao);
-    const qsizetype Fim = Lf < 0 ? FBytes.size() : Lf;
-    return Fim > FPosicao && FBytes[Fim - 1] == '\r' ? Fim - 1 : Fim;
+    // Found once a line: a line read in many small steps must not be searched to its end at each.
+    if (FPosicao > FFimDaLinha) {
+        const qsizetype Lf = FBytes.indexOf('\n', FPosicao);
+        const qsizetype Fim = Lf < 0 ? FBytes.size() : Lf;
+        FFimDaLinha = Fim > FPosicao && FBytes[Fim - 1] == '\r' ? Fim - 1 : Fim;
+    }
+    return FFimDaLinha;
 }
 
 bool TArquivoDeLeitura::FimDaLinha() const noexcept
@@ -138,6 +142,14 @@ QString TArquivoDeLeitura::Onde(int Linha) const
 void TArquivoDeLeitura::Erro(const QString &Motivo) const
 {
     throw EInOutError(QStringLiteral("Erro de leitura do arquivo de texto!"), Motivo + u' ' + Onde(FLinha));
+}
+
+TArquivoDeLeitura::TNivel::TNivel(TArquivoDeLeitura &Arquivo)
+    : FArquivo(Arquivo)
+{
+    if (Arquivo.FProfundidade >= MaiorProfundidade)
+        Arquivo.Erro(QStringLiteral("Há mais de %1 registros uns dentro dos outros.").arg(MaiorProfundidade));
+    ++Arquivo.FProfundidade;
 }
 
 void TArquivoDeGravacao::Escrever(QStringView Texto)

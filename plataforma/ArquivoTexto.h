@@ -52,6 +52,21 @@ public:
     /// Moves `Quantos` bytes ahead, at most to the end of the line.
     void Avancar(qsizetype Quantos) noexcept;
 
+    /// How deep records may stand inside records: readers and drawers of such records call themselves.
+    static constexpr int MaiorProfundidade = 256;
+    /// Counts one record inside another while it is read; EInOutError beyond MaiorProfundidade.
+    class SIBREL_EXPORT TNivel
+    {
+    public:
+        explicit TNivel(TArquivoDeLeitura &Arquivo);
+        ~TNivel() { --FArquivo.FProfundidade; }
+        TNivel(const TNivel &) = delete;
+        TNivel &operator=(const TNivel &) = delete;
+
+    private:
+        TArquivoDeLeitura &FArquivo;
+    };
+
     /// Raises EInOutError with the place in `Detalhe`.
     [[noreturn]] void Erro(const QString &Motivo) const;
 
@@ -62,7 +77,9 @@ private:
     QByteArray FBytes;
     QString FNome;
     qsizetype FPosicao = 0;
+    mutable qsizetype FFimDaLinha = -1; // of the line of FPosicao, while it is not before it
     int FLinha = 1;
+    int FProfundidade = 0;
 };
 
 /// Writes a text file of records: into memory first, to disk as one step at the end.

@@ -23,6 +23,21 @@ namespace
 // What one element, attribute or text costs beside its bytes, when expansion is counted.
 constexpr std::int64_t CustoDoNo = 64;
 
+// Looks where one declaration can stand: from one "<" to the next.
+void ExigirPoucasAlternativas(std::string_view Texto)
+{
+    for (std::size_t Inicio = 0; Inicio < Texto.size();) {
+        const std::size_t Fim = std::min(Texto.find('<', Inicio + 1), Texto.size());
+        const std::string_view Trecho = Texto.substr(Inicio, Fim - Inicio);
+        const bool Declaracao =
+            Trecho[0] != '<' || (Trecho.starts_with("<!") && !Trecho.starts_with("<![CDATA["));
+        if (Declaracao && std::count(Trecho.begin(), Trecho.end(), '|') > TLimitesXML::Alternativas)
+            throw ErroDeXML(
+                QStringLiteral("Uma declaração tem mais de %1 alternativas.").arg(TLimitesXML::Alternativas));
+        Inicio = Fim;
+    }
+}
+
 // Lets the parser build its own tree, which validation and entities need, and copies that.
 class TLeitorComDTD final : public TContextoXML
 {
@@ -44,6 +59,7 @@ private:
                                   const xmlChar **Valores);
     static void AoDeclararAtributo(void *C, const xmlChar *Elemento, const xmlChar *Nome, int Tipo,
                                    int Suprimento, const xmlChar *Valor, xmlEnumerationPtr Arvore);
+    static void AoDeclararElemento(void *C, const xmlChar *Nome, int Tipo, xmlElementContentPtr Modelo);
     static xmlEntityPtr AoObterEntidade(void *C, const xmlChar *Nome);
     static xmlEntityPtr AoObterParametro(void *C, const xmlChar *Nome);
     static xmlParserInputPtr AoAbrirExterno(void *C, const xmlChar *Publico, const xmlChar *Sistema);
@@ -66,6 +82,7 @@ private:
     std::unordered_map<const xmlEntity *, TEntidade> FEntidades;
     std::unordered_map<std::string, int> FAtributosDeclarados;
     std::deque<QByteArray> FArquivos; // the parser reads external subsets in place
+    int FPartes = 0;
     int FLinha = 1;
 };
 
@@ -80,6 +97,7 @@ TLeitorComDTD::TLeitorComDTD(const QByteArray &Utf8, const TPastaDeEntidades &Pa
     xmlSAXHandler &Sax = *Contexto().sax;
     Sax.startElementNs = &TLeitorComDTD::AoIniciarElemento;
     Sax.attributeDecl = &TLeitorComDTD::AoDeclararAtributo;
+    Sax.elementDecl = &TLeitorComDTD::AoDeclararElemento;
     Sax.getEntity = &TLeitorComDTD::AoObterEntidade;
     Sax.getParameterEntity = &TLeitorComDTD::AoObterParametro;
     Sax.resolveEntity = &TLeitorComDTD::AoAbrirExterno;
@@ -177,6 +195,29 @@ void TLeitorComDTD::AoDeclararAtributo(void *C, const xmlChar *Elemento, const x
     xmlSAX2AttributeDecl(C, Elemento, Nome, Tipo, Suprimento, Valor, Arvore);
 }
 
+void TLeitorComDTD::AoDeclararElemento(void *C, const xmlChar *Nome, int Tipo, xmlElementContentPtr Modelo)
+{
+    TLeitorComDTD &L = Este(C);
+    L.Proteger(C, [&] {
+        int Partes = 0;
+        std::vector<const xmlElementContent *> Ver{Modelo};
+        while (!Ver.empty()) {
+            const xmlElementContent *Parte = Ver.back();
+            Ver.pop_back();
+            if (!Parte)
+                continue;
+            Partes += Parte->type == XML_ELEMENT_CONTENT_ELEMENT;
+            Ver.insert(Ver.end(), {Parte->c1, Parte->c2});
+        }
+        L.FPartes += Partes;
+        // A mixed content is a list, not an automaton, and is bounded by its alternatives.
+        if ((Tipo == XML_ELEMENT_TYPE_ELEMENT && Partes > TLimitesXML::PartesDoModelo) ||
+            L.FPartes > TLimitesXML::PartesDosModelos)
+            throw ErroDeXML(QStringLiteral("O modelo de um elemento da DTD tem partes demais."), L.Linha());
+    });
+    xmlSAX2ElementDecl(C, Nome, Tipo, Modelo);
+}
+
 // The text of a file takes the place of the reference to it before the parser goes and opens the file itself,
 // which it would do by means that are common to the whole process.
 void TLeitorComDTD::TornarInterna(xmlEntity &Entidade, xmlEntityType Tipo)
@@ -225,6 +266,7 @@ xmlEntityPtr TLeitorComDTD::AoObterParametro(void *C, const xmlChar *Nome)
     L.Proteger(C, [&] {
         if (Entidade->etype == XML_EXTERNAL_PARAMETER_ENTITY)
             L.TornarInterna(*Entidade, XML_INTERNAL_PARAMETER_ENTITY);
+        ExigirPoucasAlternativas(Visao(Entidade->content));
         L.Cobrar(static_cast<std::int64_t>(Visao(Entidade->content).size()) + CustoDoNo);
         Pode = true;
     });
@@ -244,6 +286,7 @@ xmlParserInputPtr TLeitorComDTD::AoAbrirExterno(void *C, const xmlChar *, const 
         L.FArquivos.push_back(L.FPasta.Ler(QString::fromUtf8(V.data(), static_cast<qsizetype>(V.size())),
                                            static_cast<qsizetype>(L.FSaldo)));
         L.Cobrar(L.FArquivos.back().size());
+        ExigirPoucasAlternativas(L.FArquivos.back().toStdString());
         Entrada = xmlNewStringInputStream(Contexto,
                                           reinterpret_cast<const xmlChar *>(L.FArquivos.back().constData()));
         if (!Entrada)
@@ -394,6 +437,7 @@ void TLeitorComDTD::Folha(const xmlNode &No)
 
 TXMLDocument::TReferencia AnalisarXMLComDTD(const QByteArray &Utf8, const QString &Base)
 {
+    ExigirPoucasAlternativas({Utf8.constData(), static_cast<std::size_t>(Utf8.size())});
     const TPastaDeEntidades Pasta(Base);
     TLeitorComDTD Leitor(Utf8, Pasta);
     Leitor.Analisar();

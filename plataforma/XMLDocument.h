@@ -35,6 +35,12 @@ struct TLimitesXML {
     static constexpr int Texto = 10'000'000;
     /// Attributes of one element. The parser compares each with each, so that the cost grows with the square.
     static constexpr int Atributos = 1'000;
+    /// Parts of the content model of one element of a DTD, and of all its elements together: a model is
+    /// turned into an automaton, which costs more than the square of its parts.
+    static constexpr int PartesDoModelo = 256;
+    static constexpr int PartesDosModelos = 10'000;
+    /// Alternatives ("|") in one declaration of a DTD; the parser compares each with each.
+    static constexpr int Alternativas = 1'000;
     /// Namespace declarations in force at one place; each prefixed name is searched among them.
     static constexpr int EspacosDeNomes = 1'000;
     /// Bytes that the entities, default attributes and files of a DTD bring into one document together; each

@@ -10,8 +10,6 @@
 
 #include <QDir>
 
-#include <utility>
-
 namespace Sibrel
 {
 
@@ -104,7 +102,9 @@ void TTabelaDeSimbolos::LerRegistro(TArquivoDeLeitura &Arquivo)
 
 void TTabelaDeSimbolos::Exportar(const QString &Nome)
 {
-    const QString NomeAnterior = std::exchange(NomeArquivo, Nome);
+    // Not exchange(): `Nome` may be NomeArquivo itself, which hosts hand back to save where they read.
+    const QString NomeAnterior = NomeArquivo;
+    NomeArquivo = Nome;
     TArquivoDeGravacao Arquivo;
     try {
         try {

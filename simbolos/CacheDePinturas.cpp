@@ -119,7 +119,7 @@ std::unique_ptr<TPintura> Preparar(const TRect &Rect, const TPinturaPedida &Pedi
         QPainter Pintor(&Pintura->Imagem);
         Pintor.setRenderHints(Pintor.renderHints(), false);
         Pintor.setRenderHints(Dicas);
-        Pintor.translate(-Pedida.Alcance.Left, -Pedida.Alcance.Top);
+        Pintor.translate(-static_cast<double>(Pedida.Alcance.Left), -static_cast<double>(Pedida.Alcance.Top));
         TCanvas Canvas(Pintor);
         Canvas.Pen = Caneta;
         Pintar(Canvas);
@@ -144,7 +144,11 @@ bool DesenharLembrada(TCanvas &Canvas, const TRect &Rect, const TPinturaPedida &
         const double Largura = std::ceil(static_cast<double>(Pedida.Alcance.Width()) * Densidade);
         const double Altura = std::ceil(static_cast<double>(Pedida.Alcance.Height()) * Densidade);
         constexpr int BytesDoPixel = 4;
-        if (!(Largura * Altura * BytesDoPixel <= static_cast<double>(TCacheDePinturas::BytesDeUma)))
+        // The keys of a composite of very many parts count as well.
+        const auto BytesDasChaves =
+            static_cast<double>(Pedida.Chaves.size() * qsizetype{sizeof(TChaveDePintura)});
+        if (!(Largura * Altura * BytesDoPixel + BytesDasChaves <=
+              static_cast<double>(TCacheDePinturas::BytesDeUma)))
             return false;
         if (Largura < 1 || Altura < 1)
             return true;

@@ -48,7 +48,7 @@ SIBREL_EXPORT bool DesenharLembrada(TCanvas &Canvas, const TRect &Rect, const TP
 struct SIBREL_EXPORT TCacheDePinturas {
     /// The most that all pictures together take; the one least recently drawn goes first.
     static constexpr qsizetype BytesMaximos = qsizetype{32} * 1024 * 1024;
-    /// A picture larger than this is drawn directly each time.
+    /// A picture that takes more than this, its keys included, is drawn directly each time.
     static constexpr qsizetype BytesDeUma = qsizetype{4} * 1024 * 1024;
 
     static qsizetype Bytes() noexcept;

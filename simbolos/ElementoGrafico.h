@@ -29,8 +29,10 @@ enum class TEncaixe : std::uint8_t {
 
 /// What an element says of its pixels, so that they can be kept and drawn again.
 struct TPinturaDoElemento {
-    TRect Alcance;                      ///< all that the drawing may touch, with a pen one pixel wide
+    TRect Alcance;                      ///< all that the drawing touches, with a pen one pixel wide
+    bool CorteMuda = true;              ///< a clip that cuts the drawing changes the pixels inside it too
     TEncaixe Encaixe = TEncaixe::Livre; ///< see there
+    double Desvio = 0;                  ///< how far a coordinate that is nearly half-way is from it, at most
     bool Hachurada = false;             ///< has a pattern, which is anchored to the surface
     bool CorDoSistema = false;          ///< has a colour that follows the application's palette
     bool HerdaCaneta = false;           ///< draws with the pen style that the canvas has

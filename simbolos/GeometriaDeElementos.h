@@ -28,21 +28,22 @@ inline double ObterEscala(const TRect &Origem, const TRect &Destino) noexcept
     return SX >= SY ? SY : SX;
 }
 
-/// How the rounding of `Valor` plus a whole number depends on that number: not at all, on its being even or
-/// odd where `Valor` lies exactly between two integers, or, where it lies next to that, on the whole of it,
-/// since the sum is itself rounded.
-inline TEncaixe EncaixeDe(double Valor) noexcept
+inline void Acrescentar(TPinturaDoElemento &Todos, TEncaixe Encaixe, double Desvio) noexcept
+{
+    Todos.Encaixe = std::max(Todos.Encaixe, Encaixe);
+    Todos.Desvio = std::max(Todos.Desvio, Desvio);
+}
+
+/// Notes how the rounding of `Valor` plus a whole number depends on that number: not at all; on its being
+/// even or odd, where `Valor` lies exactly between two integers; also on its size, where `Valor` lies next to
+/// that and the sum may have no digits left for the difference.
+inline void Observar(TPinturaDoElemento &Pintura, double Valor) noexcept
 {
     constexpr double Perto = 1.0 / (1 << 20); // a sum below 2^31 keeps 21 bits behind the point
     const double DoMeio = std::abs(std::abs(Valor - std::trunc(Valor)) - 0.5);
-    if (DoMeio == 0)
-        return TEncaixe::Par;
-    return DoMeio > Perto ? TEncaixe::Livre : TEncaixe::Fixo; // a NaN stays fixed
-}
-
-inline void Acrescentar(TEncaixe &Encaixe, TEncaixe Outro) noexcept
-{
-    Encaixe = std::max(Encaixe, Outro);
+    if (DoMeio > Perto)
+        return;
+    Acrescentar(Pintura, DoMeio <= Perto ? TEncaixe::Par : TEncaixe::Fixo, DoMeio); // fixed: not a number
 }
 
 } // namespace Sibrel

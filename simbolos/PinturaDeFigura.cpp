@@ -7,6 +7,7 @@
 #include "simbolos/ListaElementosGraficos.h"
 
 #include <QGuiApplication>
+#include <QPaintEngine>
 #include <QPainter>
 #include <QPalette>
 
@@ -27,12 +28,26 @@ constexpr std::int64_t VezesORetangulo = 4;
 constexpr std::int32_t PeriodoDaHachura = 8; // logical pixels of a brush pattern
 constexpr int MaiorCaneta = 0xFFF;
 
+// Lines that a clip cuts begin elsewhere and take other pixels than the same lines drawn whole.
+bool CabeInteiro(const QPainter &Pintor, const TRect &Alcance)
+{
+    const QRect Area = Alcance.ParaQRect();
+    if (Pintor.hasClipping() && !Pintor.clipBoundingRect().contains(Area))
+        return false;
+    const QRect NoDispositivo = Pintor.deviceTransform().mapRect(Area);
+    const QRegion DoSistema = Pintor.paintEngine()->systemClip(); // a widget's: the part being repainted
+    if (!DoSistema.isEmpty())
+        return DoSistema.boundingRect().contains(NoDispositivo);
+    return QRect(0, 0, Pintor.device()->width(), Pintor.device()->height()).contains(NoDispositivo);
+}
+
 // A painter that does more than put pixels on a grid draws a picture otherwise than the lines in it.
 bool PintorSimples(const QPainter &Pintor, double Densidade, bool Hachurada)
 {
     const QTransform &T = Pintor.worldTransform();
     const auto Inteiro = [Densidade](double V) { return V * Densidade == std::floor(V * Densidade); };
     return Densidade == std::floor(Densidade) && Inteiro(T.dx()) && Inteiro(T.dy()) &&
+           !Pintor.testRenderHint(QPainter::Antialiasing) && // smoothed edges that overlap blend otherwise
            Pintor.compositionMode() == QPainter::CompositionMode_SourceOver && Pintor.opacity() >= 1.0 &&
            (!Hachurada || Pintor.brushOrigin().isNull());
 }
@@ -42,10 +57,20 @@ TRect Deslocado(const TRect &R, std::int64_t X, std::int64_t Y) noexcept
     return {Saturado(R.Left + X), Saturado(R.Top + Y), Saturado(R.Right + X), Saturado(R.Bottom + Y)};
 }
 
+// Widened so that the picture begins where a pattern does.
+TRect NaHachura(const TRect &R) noexcept
+{
+    const auto Antes = [](std::int32_t V) {
+        const std::int32_t Resto = V % PeriodoDaHachura;
+        return Saturado(std::int64_t{V} - (Resto < 0 ? Resto + PeriodoDaHachura : Resto));
+    };
+    return {Antes(R.Left), Antes(R.Top), R.Right, R.Bottom};
+}
+
 void Juntar(TPinturaDoElemento &Todos, const TPinturaDoElemento &Um) noexcept
 {
     Todos.Alcance = Uniao(Todos.Alcance, Um.Alcance);
-    Acrescentar(Todos.Encaixe, Um.Encaixe);
+    Acrescentar(Todos, Um.Encaixe, Um.Desvio);
     Todos.Hachurada |= Um.Hachurada;
     Todos.CorDoSistema |= Um.CorDoSistema;
     Todos.HerdaCaneta |= Um.HerdaCaneta;
@@ -112,6 +137,7 @@ void TPinturaDeFigura::Resumir(TResumo &Resumo, const TListaElementosGraficos &E
     const TEnquadramento Enquadramento(Area, Rect);
     Resumo.Centro = Enquadramento.CentroDaFigura();
     TRect Lados = Rect;
+    std::optional<TRect> Linhas;
     Resumo.Todos.Alcance = Rect;
     for (const auto &Elemento : Elementos) {
         if (!Elemento)
@@ -121,20 +147,36 @@ void TPinturaDeFigura::Resumir(TResumo &Resumo, const TListaElementosGraficos &E
         TPinturaDoElemento Um;
         for (const double Lado : {Enquadramento.RelativoX(A.Left), Enquadramento.RelativoX(A.Right),
                                   Enquadramento.RelativoY(A.Top), Enquadramento.RelativoY(A.Bottom)})
-            Acrescentar(Um.Encaixe, EncaixeDe(Lado));
+            Observar(Um, Lado);
         if (!Elemento->DescreverPintura(R, Um)) {
             Resumo.Lembravel = false;
             return;
         }
         Juntar(Resumo.Todos, Um);
-        Lados = Uniao(Lados, {std::min(R.Left, R.Right), std::min(R.Top, R.Bottom), R.Right, R.Bottom});
+        if (Um.CorteMuda)
+            Linhas = Linhas ? Uniao(*Linhas, Um.Alcance) : Um.Alcance;
+        Lados = Uniao(Uniao(Lados, R), {R.Right, R.Bottom, R.Left, R.Top}); // also of boxes turned around
     }
     Resumo.Alcance = Deslocado(Resumo.Todos.Alcance, -std::int64_t{Rect.Left}, -std::int64_t{Rect.Top});
-    Resumo.MenorLado = {Saturado(std::int64_t{Lados.Left} - Rect.Left),
-                        Saturado(std::int64_t{Lados.Top} - Rect.Top)};
+    if (Linhas)
+        Resumo.Linhas = Deslocado(*Linhas, -std::int64_t{Rect.Left}, -std::int64_t{Rect.Top});
+    Resumo.Coordenadas =
+        Deslocado(Uniao(Resumo.Todos.Alcance, Lados), -std::int64_t{Rect.Left}, -std::int64_t{Rect.Top});
     if (Resumo.Alcance.Width() * Resumo.Alcance.Height() >
         std::max(MaiorAlcance, VezesORetangulo * Rect.Width() * Rect.Height()))
         Resumo.Lembravel = false;
+}
+
+TEncaixe TPinturaDeFigura::NoLugar(const TResumo &Resumo, const TRect &Rect) noexcept
+{
+    // Halving truncates toward zero: what lies left of or above the origin is rounded the other way.
+    constexpr std::int64_t Folga = 2;
+    const TRect C = Deslocado(Resumo.Coordenadas, Rect.Left, Rect.Top);
+    if (C.Left < Folga || C.Top < Folga)
+        return TEncaixe::Fixo;
+    // From here on sums have no digits left for the deviation: what is nearly half-way is half-way.
+    const double SemDesvio = Resumo.Todos.Desvio * 0x1p54;
+    return std::min(C.Left, C.Top) >= SemDesvio ? Resumo.Todos.Encaixe : TEncaixe::Fixo;
 }
 
 std::optional<TChaveDePintura> TPinturaDeFigura::Chave(const TResumo &Resumo, TCanvas &Canvas,
@@ -143,11 +185,7 @@ std::optional<TChaveDePintura> TPinturaDeFigura::Chave(const TResumo &Resumo, TC
     const int Caneta = Canvas.Pen.Width;
     if (Caneta < 0 || Caneta > MaiorCaneta)
         return std::nullopt;
-    // Halving truncates toward zero: what lies left of or above the origin is rounded the other way.
-    constexpr std::int64_t Folga = 2;
-    const bool PertoDaOrigem = std::int64_t{Rect.Left} + Resumo.MenorLado.X < Folga ||
-                               std::int64_t{Rect.Top} + Resumo.MenorLado.Y < Folga;
-    const TEncaixe Encaixe = PertoDaOrigem ? TEncaixe::Fixo : Resumo.Todos.Encaixe;
+    const TEncaixe Encaixe = NoLugar(Resumo, Rect);
     const auto Posicao = [&Rect](std::int32_t Modulo) {
         return static_cast<std::uint64_t>((Rect.Left % Modulo) * Modulo + Rect.Top % Modulo);
     };
@@ -158,14 +196,14 @@ std::optional<TChaveDePintura> TPinturaDeFigura::Chave(const TResumo &Resumo, TC
                          static_cast<std::uint32_t>(Rect.Top);
     else if (Resumo.Todos.Hachurada)
         Chave.Variante = Posicao(PeriodoDaHachura); // tells even from odd too
-    else if (Encaixe == TEncaixe::Par)
+    else if (Encaixe != TEncaixe::Livre)
         Chave.Variante = Posicao(2);
     Chave.Largura = static_cast<std::int32_t>(Rect.Width());
     Chave.Altura = static_cast<std::int32_t>(Rect.Height());
     const auto Estilo = static_cast<std::uint32_t>(Canvas.Pen.Style);
     Chave.Codigo = (Resumo.Todos.HerdaCaneta ? Estilo : 0U) |
                    (static_cast<std::uint32_t>(static_cast<int>(Canvas.Pintor().renderHints()) & 0xFF) << 8) |
-                   (Encaixe == TEncaixe::Fixo ? 1U << 16 : 0U) | (static_cast<std::uint32_t>(Caneta) << 20);
+                   (static_cast<std::uint32_t>(Encaixe) << 16) | (static_cast<std::uint32_t>(Caneta) << 20);
     Chave.Densidade = Densidade;
     return Chave;
 }
@@ -187,11 +225,20 @@ bool TPinturaDeFigura::Pedir(const TListaElementosGraficos &Elementos, TCanvas &
         return true;
     if (R.Todos.CorDoSistema)
         Pedida.Chaves.append({static_cast<std::uint64_t>(QGuiApplication::palette().cacheKey())});
-    // The corners of a wide line reach out by its width; the boxes hold a line of one pixel.
-    const std::int64_t Sobra = Canvas.Pen.Width > 1 ? 2 * Canvas.Pen.Width : 1;
-    const TRect Alcance = Deslocado(R.Alcance, Rect.Left, Rect.Top);
-    Pedida.Alcance = {Saturado(Alcance.Left - Sobra), Saturado(Alcance.Top - Sobra),
-                      Saturado(Alcance.Right + Sobra), Saturado(Alcance.Bottom + Sobra)};
+    // The corners of a wide line reach out by its width.
+    const std::int64_t DaCaneta = Canvas.Pen.Width > 1 ? 2 * Canvas.Pen.Width : 0;
+    // Ties may have been rounded the other way where the summary was made.
+    const std::int64_t DoLugar = R.Rect == Rect ? 0 : 1;
+    const auto NoRetangulo = [&Rect](const TRect &Relativo, std::int64_t Sobra) {
+        const TRect A = Deslocado(Relativo, Rect.Left, Rect.Top);
+        return TRect(Saturado(A.Left - Sobra), Saturado(A.Top - Sobra), Saturado(A.Right + Sobra),
+                     Saturado(A.Bottom + Sobra));
+    };
+    if (!CabeInteiro(Canvas.Pintor(), NoRetangulo(R.Linhas, DaCaneta + DoLugar)))
+        return false;
+    Pedida.Alcance = NoRetangulo(R.Alcance, DaCaneta + 1);
+    if (R.Todos.Hachurada)
+        Pedida.Alcance = NaHachura(Pedida.Alcance);
     CentroDaFigura = R.Centro;
     for (const auto &Elemento : Elementos)
         if (Elemento)

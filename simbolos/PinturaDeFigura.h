@@ -61,12 +61,14 @@ private:
         bool Lembravel = false;
         bool Desenha = false; // false: the figure is too small to be drawn at all
         TPoint Centro;
-        TRect Alcance;    // relative to the rectangle's corner
-        TPoint MenorLado; // the least device side of an element, relative to the rectangle's corner
+        TRect Alcance;     // relative to the rectangle's corner
+        TRect Linhas;      // the part of it that must not be cut by a clip
+        TRect Coordenadas; // what all computed coordinates lie in, relative likewise
         TPinturaDoElemento Todos;
     };
     const TResumo &Resumo(const TListaElementosGraficos &Elementos, const TRect &Rect);
     static void Resumir(TResumo &Resumo, const TListaElementosGraficos &Elementos, const TRect &Rect);
+    static TEncaixe NoLugar(const TResumo &Resumo, const TRect &Rect) noexcept;
     static std::optional<TChaveDePintura> Chave(const TResumo &Resumo, TCanvas &Canvas, const TRect &Rect,
                                                 double Densidade);
 

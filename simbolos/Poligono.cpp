@@ -102,14 +102,14 @@ bool TPoligono::DescreverPintura(const TRect &Rect, TPinturaDoElemento &Pintura)
     const TRect A = Area();
     const TProjecao Projecao(A, Rect);
     for (const TPoint &P : FVertices->Pontos()) {
-        Acrescentar(Pintura.Encaixe, EncaixeDe(Projecao.RelativoX(P)));
-        Acrescentar(Pintura.Encaixe, EncaixeDe(Projecao.RelativoY(P)));
+        Observar(Pintura, Projecao.RelativoX(P));
+        Observar(Pintura, Projecao.RelativoY(P));
     }
     const TPoint Cantos[] = {{A.Left, A.Top}, {A.Right, A.Bottom}};
     const auto [Esquerda, Direita] = std::minmax({Projecao.X(Cantos[0]), Projecao.X(Cantos[1])});
     const auto [Topo, Base] = std::minmax({Projecao.Y(Cantos[0]), Projecao.Y(Cantos[1])});
-    Pintura.Alcance = {Arredondar(Esquerda - 1), Arredondar(Topo - 1), Arredondar(Direita + 2),
-                       Arredondar(Base + 2)};
+    Pintura.Alcance = {Arredondar(Esquerda), Arredondar(Topo), Arredondar(std::nearbyint(Direita) + 1),
+                       Arredondar(std::nearbyint(Base) + 1)};
     Pintura.Hachurada = FFechado && FEstiloFundo > TBrushStyle::bsClear;
     Pintura.CorDoSistema = FCorLinha.DoSistema() || (FFechado && FCorFundo.DoSistema());
     return true;

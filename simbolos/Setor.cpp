@@ -158,9 +158,10 @@ bool TSetor::DescreverPintura(const TRect &Rect, TPinturaDoElemento &Pintura) co
     const double Escala = ObterEscala(Area(), Rect);
     const double Raio = std::abs(Escala) * std::max(std::abs(FRaioMaior), std::abs(FRaioMenor));
     const TPoint C = Centro(Rect);
-    // A pixel more to each side for the rounding.
-    Pintura.Alcance = {Arredondar(C.X + (FPosicao.X - Raio) - 1), Arredondar(C.Y + (FPosicao.Y - Raio) - 1),
-                       Arredondar(C.X + (FPosicao.X + Raio) + 2), Arredondar(C.Y + (FPosicao.Y + Raio) + 2)};
+    Pintura.Alcance = {Arredondar(C.X + std::nearbyint(FPosicao.X - Raio)),
+                       Arredondar(C.Y + std::nearbyint(FPosicao.Y - Raio)),
+                       Arredondar(C.X + std::nearbyint(FPosicao.X + Raio) + 1),
+                       Arredondar(C.Y + std::nearbyint(FPosicao.Y + Raio) + 1)};
     Pintura.Hachurada = FEstiloFundo > TBrushStyle::bsClear;
     Pintura.CorDoSistema = FCorLinha.DoSistema() || FCorFundo.DoSistema();
     return true;

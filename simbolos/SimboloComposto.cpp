@@ -33,7 +33,8 @@ bool TSimboloComposto::PedirPintura(TCanvas &Canvas, const TRect &Rect, double D
     const qsizetype Primeira = Pedida.Chaves.size();
     Pedida.Chaves.append({FSelo, 0, static_cast<std::int32_t>(Rect.Width()),
                           static_cast<std::int32_t>(Rect.Height()), static_cast<std::uint32_t>(Lista.Count()),
-                          0, Densidade});
+                          Canvas.Pen.Color.ParaRgb(),
+                          Densidade}); // one picture a colour: hosts alternate them
     TRect Alcance = Rect;
     for (const auto &Parte : Lista) {
         if (!Parte)

@@ -7,7 +7,10 @@
 #include "simbolos/GeometriaDeElementos.h"
 #include "simbolos/XMLDeElementos.h"
 
+#include <QTransform>
+
 #include <array>
+#include <cmath>
 #include <utility>
 
 namespace Sibrel
@@ -109,15 +112,28 @@ void TTexto::Desenhar(TCanvas &Canvas, const TRect &)
     Canvas.TextOut(FPosicao.X, FPosicao.Y, FTexto);
 }
 
+// The line and, since glyphs may reach beyond it and beyond their advance, a part of its height more.
+TRect TTexto::Alcance() const
+{
+    const double Folga = 0.75 * AlturaDaLinha() + 2;
+    double Inicio = 0;
+    if ((Alinhamento() & TA_CENTER) == TA_CENTER)
+        Inicio = -Largura() / 2.0;
+    else if ((Alinhamento() & TA_RIGHT) == TA_RIGHT)
+        Inicio = -Largura();
+    const QRectF Deitado(Inicio - Folga, -AlturaDaLinha() - Folga, Largura() + 2 * Folga,
+                         2 * AlturaDaLinha() + 2 * Folga);
+    const QRectF R = QTransform().rotate(-FFonte.Orientation() / 10.0).mapRect(Deitado);
+    return {Arredondar(FPosicao.X + std::floor(R.left())), Arredondar(FPosicao.Y + std::floor(R.top())),
+            Arredondar(FPosicao.X + std::ceil(R.right())), Arredondar(FPosicao.Y + std::ceil(R.bottom()))};
+}
+
 bool TTexto::DescreverPintura(const TRect &, TPinturaDoElemento &Pintura) const
 {
     if (FFonte.Orientation() != FOrientacao)
         return false; // the next drawing turns the font
-    // A circle around the reference point holds the text whatever its rotation and alignment; glyphs may
-    // reach beyond their line and their advance by what a line is high.
-    const std::int64_t Raio = std::int64_t{Largura()} + 3 * std::int64_t{AlturaDaLinha()} + 2;
-    Pintura.Alcance = {Saturado(FPosicao.X - Raio), Saturado(FPosicao.Y - Raio), Saturado(FPosicao.X + Raio),
-                       Saturado(FPosicao.Y + Raio)};
+    Pintura.CorteMuda = false;
+    Pintura.Alcance = Alcance();
     if (FTexto.isEmpty())
         Pintura.Alcance = {FPosicao.X, FPosicao.Y, FPosicao.X, FPosicao.Y};
     else

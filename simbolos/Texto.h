@@ -68,6 +68,7 @@ public:
 private:
     int Largura() const;
     int AlturaDaLinha() const;
+    TRect Alcance() const;
     void Medir() const;
 
     TPoint FPosicao;

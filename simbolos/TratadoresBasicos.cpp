@@ -97,6 +97,7 @@ void TTratadorDeSimboloComposto::Gravar(TArquivoDeGravacao &Arquivo, const ISimb
 void TTratadorDeSimboloComposto::Ler(TArquivoDeLeitura &Arquivo, ISimbolo &Simbolo)
 {
     auto &Composto = Como<TSimboloComposto>(Simbolo);
+    const TArquivoDeLeitura::TNivel Nivel(Arquivo);
     const std::int32_t Quantas = Arquivo.LerInteiro();
     Arquivo.ProximaLinha();
     for (std::int32_t I = 0; I < Quantas; ++I) {

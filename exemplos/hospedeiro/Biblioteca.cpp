@@ -3,6 +3,7 @@
 
 #include "hospedeiro/DescricaoDeSimbolo.h"
 #include "hospedeiro/FontesDaBiblioteca.h"
+#include "hospedeiro/PinturaDeSimbolo.h"
 
 #include "plataforma/Arquivo.h"
 
@@ -28,6 +29,7 @@ void TBiblioteca::Abrir(const QString &Arquivo, TFontesDaBiblioteca &Fontes)
     const auto Voltar = qScopeGuard([Pasta = QDir::currentPath()] { QDir::setCurrent(Pasta); });
     const auto Guardar = qScopeGuard([this] { GuardarAvisos(); });
     FTabela.Importar(Arquivo);
+    PrepararSimbolos(FTabela.Simbolos());
 }
 
 void TBiblioteca::GuardarAvisos()

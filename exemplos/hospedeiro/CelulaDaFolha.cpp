@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "hospedeiro/CelulaDaFolha.h"
 
+#include "hospedeiro/PinturaDeSimbolo.h"
+
 #include "simbolos/TabelaDeSimbolos.h"
 
 #include <QFontMetrics>
@@ -46,7 +48,12 @@ QRect TCelulaDaFolha::AreaDoRotulo(const QRect &Celula) const
 void TCelulaDaFolha::Pintar(QPainter &Pintor, const QRect &Celula, const Sibrel::TTabelaDeSimbolos &Tabela,
                             int Indice, const QColor &Cor, const QColor &CorDoRotulo) const
 {
-    Tabela.Desenhar(Indice, Pintor, AreaDoSimbolo(Celula), Cor);
+    // What reaches beyond the symbol's square may fill its cell but not the neighbours' nor the label.
+    Pintor.save();
+    Pintor.setClipRect(QRect(Celula.topLeft(), QPoint(Celula.right(), AreaDoRotulo(Celula).top() - 1)),
+                       Qt::IntersectClip);
+    PintarSimbolo(Pintor, AreaDoSimbolo(Celula), *Tabela.Simbolos().Item(Indice), Cor);
+    Pintor.restore();
     Pintor.setFont(FFonte);
     Pintor.setPen(CorDoRotulo);
     PintarRotulo(Pintor, AreaDoRotulo(Celula), Tabela.ObterRotulo(Indice));

@@ -4,9 +4,9 @@
 #include "simbolos/SimboloComposto.h"
 #include "simbolos/SimboloFonte.h"
 #include "simbolos/SimboloGrafico.h"
+#include "simbolos/SimboloVetorial.h"
 #include "simbolos/TabelaDeSimbolos.h"
 
-#include <QLocale>
 #include <QSet>
 
 namespace Hospedeiro
@@ -16,11 +16,6 @@ using namespace Sibrel;
 
 namespace
 {
-
-QString EmUmaColuna(QString Texto)
-{
-    return Texto.replace(u'\t', u' ');
-}
 
 void EscreverSimbolo(QString &Lista, const ISimbolo &Simbolo, const QString &Indice, const QString &Rotulo,
                      int Nivel)
@@ -51,6 +46,8 @@ QString ArquivoDoSimbolo(const ISimbolo &Simbolo)
 {
     if (const auto *Grafico = dynamic_cast<const TSimboloGrafico *>(&Simbolo))
         return Grafico->Arquivo;
+    if (const auto *Vetorial = dynamic_cast<const TSimboloVetorial *>(&Simbolo))
+        return Vetorial->ObterNomeArquivo();
     return {};
 }
 
@@ -82,11 +79,13 @@ std::vector<TCampo> CamposDoSimbolo(const ISimbolo &Simbolo)
     if (const auto *Fonte = dynamic_cast<const TSimboloFonte *>(&Simbolo))
         return {{QStringLiteral("caracter"), QString::number(Fonte->Caracter)},
                 {QStringLiteral("charset"), QString::number(Fonte->Fonte.Charset())},
-                {QStringLiteral("proporcao"),
-                 QString::number(Fonte->Proporcao, 'g', QLocale::FloatingPointShortest)},
+                {QStringLiteral("proporcao"), Decimal(Fonte->Proporcao)},
                 {QStringLiteral("fonte"), Fonte->Fonte.Name()}};
     if (const auto *Grafico = dynamic_cast<const TSimboloGrafico *>(&Simbolo))
         return {{QStringLiteral("arquivo"), Grafico->Arquivo}};
+    if (const auto *Vetorial = dynamic_cast<const TSimboloVetorial *>(&Simbolo))
+        return {{QStringLiteral("arquivo"), Vetorial->ObterNomeArquivo()},
+                {QStringLiteral("elementos"), QString::number(Vetorial->ObterElementos().Count())}};
     if (const TListaSimbolo *Partes = PartesDoSimbolo(Simbolo))
         return {{QStringLiteral("partes"), QString::number(Partes->Count())}};
     return {};

@@ -2,7 +2,8 @@
 // What there is to say about a symbol in words.
 #pragma once
 
-#include <QString>
+#include "hospedeiro/Campo.h"
+
 #include <QStringList>
 
 #include <vector>
@@ -16,11 +17,6 @@ class TTabelaDeSimbolos;
 
 namespace Hospedeiro
 {
-
-struct TCampo {
-    QString Nome;
-    QString Valor;
-};
 
 /// The name under which the symbol's kind is registered, as libraries write it.
 QString TipoDoSimbolo(const Sibrel::ISimbolo &Simbolo);

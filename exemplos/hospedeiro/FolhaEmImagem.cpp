@@ -2,6 +2,7 @@
 #include "hospedeiro/FolhaEmImagem.h"
 
 #include "hospedeiro/CelulaDaFolha.h"
+#include "hospedeiro/PinturaDeSimbolo.h"
 
 #include "plataforma/Exception.h"
 #include "simbolos/TabelaDeSimbolos.h"
@@ -62,6 +63,14 @@ QImage FolhaEmImagem(const Sibrel::TTabelaDeSimbolos &Tabela, int Tamanho, const
         Celula.Pintar(Pintor, QRect(Canto, Lado), Tabela, I, Cor, Qt::black);
     }
     return Folha;
+}
+
+QImage SimboloEmImagem(Sibrel::ISimbolo &Simbolo, int Tamanho, const QColor &Cor)
+{
+    QImage Imagem = FolhaEmBranco({Tamanho, Tamanho});
+    QPainter Pintor(&Imagem);
+    PintarSimbolo(Pintor, Imagem.rect(), Simbolo, Cor);
+    return Imagem;
 }
 
 void GravarImagem(const QImage &Imagem, const QString &Arquivo)

@@ -8,8 +8,9 @@
 
 namespace Sibrel
 {
+class ISimbolo;
 class TTabelaDeSimbolos;
-}
+} // namespace Sibrel
 
 namespace Hospedeiro
 {
@@ -20,6 +21,9 @@ namespace Hospedeiro
 /// pictures can be. An empty table gives a sheet of one empty cell.
 QImage FolhaEmImagem(const Sibrel::TTabelaDeSimbolos &Tabela, int Tamanho, const QFont &Fonte,
                      const QColor &Cor = Qt::black);
+
+/// A symbol alone as a square picture on white, `Tamanho` pixels a side.
+QImage SimboloEmImagem(Sibrel::ISimbolo &Simbolo, int Tamanho, const QColor &Cor = Qt::black);
 
 /// Writes a picture in the format that the ending of the name says. Raises Sibrel::EFCreateError; a file that
 /// was there is then as it was.

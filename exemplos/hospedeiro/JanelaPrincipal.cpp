@@ -5,9 +5,12 @@
 #include "hospedeiro/DescricaoDeSimbolo.h"
 #include "hospedeiro/FolhaDeSimbolos.h"
 #include "hospedeiro/FolhaEmImagem.h"
+#include "hospedeiro/JanelaDaFigura.h"
 #include "hospedeiro/PainelDeAvisos.h"
+#include "hospedeiro/PinturaDeSimbolo.h"
 
 #include "plataforma/Exception.h"
+#include "simbolos/SimboloVetorial.h"
 
 #include <QAction>
 #include <QDragEnterEvent>
@@ -93,6 +96,32 @@ bool TJanelaPrincipal::Abrir(const QString &Arquivo)
     return true;
 }
 
+bool TJanelaPrincipal::AbrirFigura(const QString &Arquivo)
+{
+    Sibrel::TSimboloVetorial Figura;
+    try {
+        Figura.LerArquivo(Arquivo);
+    } catch (const Sibrel::Exception &E) {
+        MostrarErro(E.Message, E.Detalhe);
+        return false;
+    }
+    PrepararSimbolo(Figura);
+    MostrarFigura(Figura);
+    return true;
+}
+
+void TJanelaPrincipal::MostrarFigura(Sibrel::TSimboloVetorial &Figura)
+{
+    TJanelaDaFigura(Figura, this).exec();
+}
+
+void TJanelaPrincipal::MostrarFiguraDoSimbolo(int Indice)
+{
+    Sibrel::ISimbolo *Simbolo = FBiblioteca->Tabela().Simbolos().Item(Indice);
+    if (auto *Figura = dynamic_cast<Sibrel::TSimboloVetorial *>(Simbolo))
+        MostrarFigura(*Figura);
+}
+
 bool TJanelaPrincipal::Exportar(const QString &Arquivo)
 {
     try {
@@ -115,6 +144,7 @@ void TJanelaPrincipal::MostrarErro(const QString &Mensagem, const QString &Detal
 {
     QMessageBox Caixa(QMessageBox::Critical, QGuiApplication::applicationDisplayName(), Mensagem,
                       QMessageBox::Ok, this);
+    Caixa.setTextFormat(Qt::PlainText); // names stand in angle brackets
     Caixa.setInformativeText(Detalhe);
     Caixa.exec();
 }
@@ -132,6 +162,10 @@ void TJanelaPrincipal::MontarMenuArquivo()
     QAction *AbrirAcao =
         Menu->addAction(tr("&Abrir biblioteca..."), this, &TJanelaPrincipal::PerguntarEAbrir);
     AbrirAcao->setShortcut(QKeySequence::Open);
+    QAction *FiguraAcao =
+        Menu->addAction(tr("Abrir f&igura..."), this, &TJanelaPrincipal::PerguntarEAbrirFigura);
+    FiguraAcao->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_O));
+    Menu->addSeparator();
     QAction *ExportarAcao =
         Menu->addAction(tr("&Exportar biblioteca..."), this, &TJanelaPrincipal::PerguntarEExportar);
     ExportarAcao->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_E));
@@ -225,10 +259,13 @@ void TJanelaPrincipal::MontarEstado()
 {
     FContagem = new QLabel(this);
     FAtual = new QLabel(this);
+    FAtual->setTextFormat(Qt::PlainText);
     statusBar()->addWidget(FAtual, 1);
     statusBar()->addPermanentWidget(FContagem);
     connect(FFolha->selectionModel(), &QItemSelectionModel::currentChanged, this,
             &TJanelaPrincipal::MostrarAtual);
+    connect(FFolha, &QAbstractItemView::activated, this,
+            [this](const QModelIndex &Indice) { MostrarFiguraDoSimbolo(Indice.row()); });
     connect(&FModelo, &QAbstractItemModel::modelReset, this, &TJanelaPrincipal::MostrarAtual);
 }
 
@@ -238,6 +275,15 @@ void TJanelaPrincipal::PerguntarEAbrir()
         this, tr("Abrir biblioteca"), QFileInfo(FBiblioteca->Arquivo()).path(), FiltroDeBibliotecas());
     if (!Arquivo.isEmpty())
         Abrir(Arquivo);
+}
+
+void TJanelaPrincipal::PerguntarEAbrirFigura()
+{
+    const QString Arquivo =
+        QFileDialog::getOpenFileName(this, tr("Abrir figura"), QFileInfo(FBiblioteca->Arquivo()).path(),
+                                     tr("Figuras vetoriais (*.xml);;Todos os arquivos (*)"));
+    if (!Arquivo.isEmpty())
+        AbrirFigura(Arquivo);
 }
 
 void TJanelaPrincipal::PerguntarEExportar()
@@ -312,7 +358,10 @@ void TJanelaPrincipal::dropEvent(QDropEvent *Evento)
 {
     if (const QString Arquivo = ArquivoArrastado(*Evento->mimeData()); !Arquivo.isEmpty()) {
         Evento->acceptProposedAction();
-        Abrir(Arquivo);
+        if (Arquivo.endsWith(QLatin1String(".xml"), Qt::CaseInsensitive))
+            AbrirFigura(Arquivo);
+        else
+            Abrir(Arquivo);
     }
 }
 

@@ -17,7 +17,7 @@ class QToolBar;
 
 namespace Sibrel
 {
-class Exception;
+class TSimboloVetorial;
 }
 
 namespace Hospedeiro
@@ -39,6 +39,8 @@ public:
     /// Opens a library in place of the present one. On an error tells the user and keeps the present one;
     /// false then.
     bool Abrir(const QString &Arquivo);
+    /// Opens a figure file in a window of its own, beside the library. False and a message on an error.
+    bool AbrirFigura(const QString &Arquivo);
     /// Writes the library; false and a message to the user on an error.
     bool Exportar(const QString &Arquivo);
     /// Side of a symbol in logical pixels.
@@ -51,6 +53,8 @@ protected:
     void dropEvent(QDropEvent *Evento) override;
     /// Shows an error and waits until it was read.
     virtual void MostrarErro(const QString &Mensagem, const QString &Detalhe);
+    /// Shows a figure and waits until it was looked at.
+    virtual void MostrarFigura(Sibrel::TSimboloVetorial &Figura);
 
 private:
     void MontarMenus();
@@ -63,6 +67,8 @@ private:
     void MontarEstado();
 
     void PerguntarEAbrir();
+    void PerguntarEAbrirFigura();
+    void MostrarFiguraDoSimbolo(int Indice);
     void PerguntarEExportar();
     void PerguntarEGravarFolha();
     void Procurar(int APartirDe, bool ParaTras);

@@ -17,20 +17,26 @@ namespace
 {
 
 // As the option parser and the first look at the arguments both know them.
-constexpr std::array OpcoesSemJanela = {"folha", "listar", "exportar", "ajuda", "help", "h", "versao", "v"};
+constexpr std::array OpcoesSemJanela = {"folha", "listar", "exportar", "captura", "ajuda",
+                                        "help",  "h",      "versao",   "v"};
 
 QString Descricao()
 {
     return QStringLiteral(
-        "Mostra bibliotecas de símbolos. Sem --folha, --listar nem --exportar abre a janela.\n"
+        "Mostra bibliotecas de símbolos e figuras vetoriais. Sem --folha, --listar, --exportar nem\n"
+        "--captura abre a janela.\n"
         "\n"
-        "A lista tem uma linha por símbolo, em UTF-8, com colunas separadas por tabulação:\n"
+        "A lista de uma biblioteca tem uma linha por símbolo, em UTF-8, com colunas separadas por "
+        "tabulação:\n"
         "  índice, tipo, rótulo e os campos do tipo, cada um como nome=valor.\n"
         "  Fonte:    caracter, charset, proporcao, fonte\n"
         "  Grafico:  arquivo\n"
         "  Composto: partes\n"
+        "  Vetorial: arquivo, elementos\n"
         "As partes de um composto seguem-no, dois brancos mais para dentro, com o índice do composto,\n"
-        "um ponto e o número da parte a partir de 0; o rótulo delas é vazio. Uma tabulação dentro de um\n"
+        "um ponto e o número da parte a partir de 0; o rótulo delas é vazio. A lista de uma figura tem uma\n"
+        "linha por elemento: índice, tipo e os campos, com os nomes dos atributos no arquivo; os vértices\n"
+        "de um polígono são o campo Pontos, como x,y separados por brancos. Uma tabulação dentro de um\n"
         "texto aparece como um branco.\n"
         "\n"
         "As fontes da pasta \"fontes\" ao lado da biblioteca são usadas sem instalar. Avisos e erros vão\n"
@@ -54,9 +60,13 @@ struct TOpcoes {
             .arg(MaiorTamanho)
             .arg(TamanhoInicial),
         QStringLiteral("PIXELS")};
-    QCommandLineOption Listar{QStringLiteral("listar"), QStringLiteral("Lista os símbolos.")};
+    QCommandLineOption Listar{QStringLiteral("listar"), QStringLiteral("Lista os símbolos ou os elementos.")};
     QCommandLineOption Exportar{QStringLiteral("exportar"), QStringLiteral("Grava a biblioteca outra vez."),
                                 QStringLiteral("ARQUIVO")};
+    QCommandLineOption Figura{QStringLiteral("figura"), QStringLiteral("Figura vetorial a abrir."),
+                              QStringLiteral("ARQUIVO")};
+    QCommandLineOption Captura{QStringLiteral("captura"), QStringLiteral("Desenha a figura."),
+                               QStringLiteral("IMAGEM")};
     QCommandLineOption Ajuda{{QStringLiteral("h"), QStringLiteral("ajuda"), QStringLiteral("help")},
                              QStringLiteral("Mostra esta ajuda.")};
     QCommandLineOption Versao{{QStringLiteral("v"), QStringLiteral("versao")},
@@ -64,7 +74,7 @@ struct TOpcoes {
 
     void AcrescentarA(QCommandLineParser &Leitor) const
     {
-        Leitor.addOptions({Biblioteca, Folha, Tamanho, Listar, Exportar, Ajuda, Versao});
+        Leitor.addOptions({Biblioteca, Folha, Tamanho, Listar, Exportar, Figura, Captura, Ajuda, Versao});
     }
 };
 
@@ -104,10 +114,24 @@ TPedido Pedido(const QCommandLineParser &Leitor, const TOpcoes &Opcoes)
     P.Biblioteca = Arquivo(Leitor, Opcoes.Biblioteca);
     P.Folha = Arquivo(Leitor, Opcoes.Folha);
     P.Exportar = Arquivo(Leitor, Opcoes.Exportar);
+    P.Figura = Arquivo(Leitor, Opcoes.Figura);
+    P.Captura = Arquivo(Leitor, Opcoes.Captura);
     P.Listar = Leitor.isSet(Opcoes.Listar);
     if (Leitor.isSet(Opcoes.Tamanho))
         P.Tamanho = Tamanho(Leitor.value(Opcoes.Tamanho));
     return P;
+}
+
+void Conferir(const TPedido &P)
+{
+    if (P.Biblioteca && P.Figura)
+        Recusar(QStringLiteral("As opções --biblioteca e --figura não vão juntas!"));
+    if ((P.Folha || P.Exportar) && !P.Biblioteca)
+        Recusar(QStringLiteral("Falta a opção --biblioteca!"));
+    if (P.Captura && !P.Figura)
+        Recusar(QStringLiteral("Falta a opção --figura!"));
+    if (P.Listar && !P.Biblioteca && !P.Figura)
+        Recusar(QStringLiteral("Falta a opção --biblioteca ou --figura!"));
 }
 
 } // namespace
@@ -128,8 +152,8 @@ TPedido LerLinhaDeComando(const QStringList &Argumentos)
     if (const QStringList Sobram = Leitor.positionalArguments(); !Sobram.isEmpty())
         Recusar(QStringLiteral("O argumento <%1> não pertence a nenhuma opção!").arg(Sobram.constFirst()));
     TPedido P = Pedido(Leitor, Opcoes);
-    if (!P.Texto && P.SoLinhaDeComando() && !P.Biblioteca)
-        Recusar(QStringLiteral("Falta a opção --biblioteca!"));
+    if (!P.Texto)
+        Conferir(P);
     return P;
 }
 

@@ -19,12 +19,14 @@ struct TPedido {
     std::optional<QString> Biblioteca; ///< library file to open
     std::optional<QString> Folha;      ///< picture file for the sheet of the library
     std::optional<QString> Exportar;   ///< library file to write
+    std::optional<QString> Figura;     ///< figure file to open
+    std::optional<QString> Captura;    ///< picture file for that figure
     std::optional<QString> Texto;      ///< the help or the version, to be printed in place of any work
     int Tamanho = TamanhoInicial;      ///< side of a symbol, logical pixels
     bool Listar = false;
 
     /// True when the work needs no window.
-    bool SoLinhaDeComando() const { return Texto || Listar || Folha || Exportar; }
+    bool SoLinhaDeComando() const { return Texto || Listar || Folha || Exportar || Captura; }
 };
 
 /// Reads the arguments, the first of which is the program. Raises Sibrel::Exception with a text in Portuguese

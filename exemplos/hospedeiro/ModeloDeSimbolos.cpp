@@ -64,6 +64,7 @@ QVariant TModeloDeSimbolos::data(const QModelIndex &Indice, int Papel) const
     case Qt::DisplayRole:
         return FTabela->ObterRotulo(Indice.row());
     case Qt::ToolTipRole:
+        return Dica(DicaDoSimbolo(*FTabela, Indice.row()));
     case Qt::AccessibleDescriptionRole:
         return DicaDoSimbolo(*FTabela, Indice.row());
     default:

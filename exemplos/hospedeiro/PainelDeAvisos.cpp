@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "hospedeiro/PainelDeAvisos.h"
 
+#include "hospedeiro/Campo.h"
+
 #include <QFileInfo>
 #include <QHeaderView>
 #include <QTreeWidget>
@@ -28,7 +30,7 @@ void TPainelDeAvisos::Mostrar(const std::vector<TAviso> &Avisos, const QString &
         auto *Item =
             new QTreeWidgetItem({Aviso.Linha > 0 ? QString::number(Aviso.Linha) : QString(), Aviso.Texto});
         Item->setTextAlignment(0, Qt::AlignRight | Qt::AlignVCenter);
-        Item->setToolTip(1, Aviso.Texto);
+        Item->setToolTip(1, Dica(Aviso.Texto));
         Itens.append(Item);
     }
     FLista->clear();

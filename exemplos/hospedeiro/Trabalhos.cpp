@@ -2,11 +2,14 @@
 #include "hospedeiro/Trabalhos.h"
 
 #include "hospedeiro/Biblioteca.h"
+#include "hospedeiro/DescricaoDeFigura.h"
 #include "hospedeiro/DescricaoDeSimbolo.h"
 #include "hospedeiro/FolhaEmImagem.h"
 #include "hospedeiro/FontesDaBiblioteca.h"
+#include "hospedeiro/PinturaDeSimbolo.h"
 
 #include "plataforma/Exception.h"
+#include "simbolos/SimboloVetorial.h"
 
 #include <QFile>
 #include <QFont>
@@ -55,6 +58,29 @@ QFont FonteDosRotulos()
     return Fonte;
 }
 
+void ExecutarComBiblioteca(const TPedido &Pedido)
+{
+    TBiblioteca Biblioteca;
+    AbrirComAvisos(Biblioteca, *Pedido.Biblioteca);
+    if (Pedido.Exportar)
+        EscreverAvisos(Biblioteca.Exportar(*Pedido.Exportar));
+    if (Pedido.Folha)
+        GravarImagem(FolhaEmImagem(Biblioteca.Tabela(), Pedido.Tamanho, FonteDosRotulos()), *Pedido.Folha);
+    if (Pedido.Listar)
+        Escrever(ListaDaTabela(Biblioteca.Tabela()));
+}
+
+void ExecutarComFigura(const TPedido &Pedido)
+{
+    Sibrel::TSimboloVetorial Figura;
+    Figura.LerArquivo(*Pedido.Figura);
+    PrepararSimbolo(Figura);
+    if (Pedido.Captura)
+        GravarImagem(SimboloEmImagem(Figura, Pedido.Tamanho), *Pedido.Captura);
+    if (Pedido.Listar)
+        Escrever(ListaDaFigura(Figura));
+}
+
 } // namespace
 
 void EscreverErro(const QString &Mensagem, const QString &Detalhe)
@@ -67,18 +93,12 @@ void EscreverErro(const QString &Mensagem, const QString &Detalhe)
 
 void Executar(const TPedido &Pedido)
 {
-    if (Pedido.Texto) {
+    if (Pedido.Texto)
         Escrever(*Pedido.Texto);
-        return;
-    }
-    TBiblioteca Biblioteca;
-    AbrirComAvisos(Biblioteca, *Pedido.Biblioteca);
-    if (Pedido.Exportar)
-        EscreverAvisos(Biblioteca.Exportar(*Pedido.Exportar));
-    if (Pedido.Folha)
-        GravarImagem(FolhaEmImagem(Biblioteca.Tabela(), Pedido.Tamanho, FonteDosRotulos()), *Pedido.Folha);
-    if (Pedido.Listar)
-        Escrever(ListaDaTabela(Biblioteca.Tabela()));
+    else if (Pedido.Figura)
+        ExecutarComFigura(Pedido);
+    else
+        ExecutarComBiblioteca(Pedido);
 }
 
 } // namespace Hospedeiro

@@ -31,6 +31,8 @@ int Mostrar(const Hospedeiro::TPedido &Pedido)
     Janela.show();
     if (Pedido.Biblioteca)
         Janela.Abrir(*Pedido.Biblioteca);
+    if (Pedido.Figura)
+        Janela.AbrirFigura(*Pedido.Figura);
     return QApplication::exec();
 }
 

@@ -45,6 +45,7 @@ class TesteFolha : public QObject
 private Q_SLOTS:
     void initTestCase();
     void AFiguraDaFolha();
+    void OsTextosDasFigurasFicamNasFiguras();
     void AFolhaNaTelaMostraOMesmoQueAImagem();
     void OTamanhoFicaNosLimites();
     void OSimboloAtualFicaAVistaQuandoOTamanhoMuda();
@@ -109,6 +110,24 @@ void TesteFolha::AFiguraDaFolha()
     QCOMPARE(CompararComControle(FolhaEmImagem(Biblioteca.Tabela(), 8, FFonte, Qt::red),
                                  QStringLiteral("hospedeiro-folha-8-vermelha")),
              QString());
+}
+
+// Wherever the cell is, and in the first drawing as in the second: the texts among the shapes, turned.
+void TesteFolha::OsTextosDasFigurasFicamNasFiguras()
+{
+    EscreverBytes(
+        FPasta.filePath(QStringLiteral("f.xml")),
+        "<FiguraVet><Poligono Fechado='S' CorFundo='B4E1F0' EstiloLinha='0'><Ponto X='4' Y='4'/>"
+        "<Ponto X='60' Y='4'/><Ponto X='60' Y='40'/><Ponto X='32' Y='60'/><Ponto X='4' Y='40'/></Poligono>"
+        "<Texto X='32' Y='22' Fonte='Sibrel Teste' Tamanho='10' Texto='P Ct' Orientacao='300'/>"
+        "</FiguraVet>");
+    TBiblioteca Biblioteca;
+    Biblioteca.Abrir(Gravar("3\nVetorial   \"Um\" f.xml\nVetorial   \"Outro\" f.xml\n"
+                            "Composto   \"Parte\" 1\nVetorial   f.xml\n"),
+                     FFontes);
+    const QImage Primeira = FolhaEmImagem(Biblioteca.Tabela(), 64, FFonte);
+    QCOMPARE(CompararComControle(Primeira, QStringLiteral("hospedeiro-vetorial")), QString());
+    QCOMPARE(FolhaEmImagem(Biblioteca.Tabela(), 64, FFonte), Primeira);
 }
 
 void TesteFolha::AFolhaNaTelaMostraOMesmoQueAImagem()
@@ -207,9 +226,12 @@ void TesteFolha::OModeloSegueATabela()
     QCOMPARE(Refeito, 1);
     QCOMPARE(Modelo.rowCount(), 2);
     QCOMPARE(Modelo.index(1, 0).data().toString(), QStringLiteral("Rotulo 1"));
-    QCOMPARE(Modelo.index(1, 0).data(Qt::ToolTipRole).toString(),
+    QCOMPARE(Modelo.index(1, 0).data(Qt::AccessibleDescriptionRole).toString(),
              QStringLiteral("1: Rotulo 1\ntipo: Fonte\ncaracter: 34\ncharset: 2\nproporcao: 1\n"
                             "fonte: Sibrel Simbolos"));
+    Tabela.ObterRotulos().AtribuirLinha(1, QStringLiteral("<b>"));
+    QVERIFY(
+        Modelo.index(1, 0).data(Qt::ToolTipRole).toString().contains(QStringLiteral("1: &lt;b&gt;\ntipo")));
 }
 
 void TesteFolha::ProcuraSemAcentosNemMaiusculas_data()
@@ -224,6 +246,7 @@ void TesteFolha::ProcuraSemAcentosNemMaiusculas_data()
     QTest::newRow("a mesma, se é a unica") << QStringLiteral("PONTE") << 1 << false << 1;
     QTest::newRow("com acentos") << QStringLiteral("Ação") << 0 << false << 2;
     QTest::newRow("para tras") << QStringLiteral("acao") << 2 << true << 0;
+    QTest::newRow("para tras, a vizinha") << QStringLiteral("o") << 2 << true << 1;
     QTest::newRow("para tras dá a volta") << QStringLiteral("acao") << 0 << true << 2;
     QTest::newRow("para tras do começo") << QStringLiteral("acao") << -1 << true << 2;
     QTest::newRow("nao ha") << QStringLiteral("xyz") << 0 << false << -1;

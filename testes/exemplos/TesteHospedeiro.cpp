@@ -45,6 +45,9 @@ private Q_SLOTS:
     void AFolhaGrandeDemaisERecusada();
     void UmaImagemRecusadaNaoTocaNoArquivo();
     void UmaExportacaoRecusadaNaoTocaNoArquivo();
+    void ListaEDesenhaUmaFigura();
+    void UmaFiguraEstragadaERecusada();
+    void AListaDizOsSimbolosVetoriais();
     void ErrosDeUso_data();
     void ErrosDeUso();
     void AAjudaDizOFormatoDaLista();
@@ -297,6 +300,68 @@ void TesteHospedeiro::UmaExportacaoRecusadaNaoTocaNoArquivo()
     QVERIFY(!QFile::exists(NaPasta(QStringLiteral("nao"))));
 }
 
+void TesteHospedeiro::ListaEDesenhaUmaFigura()
+{
+    EscreverBytes(
+        NaPasta(QStringLiteral("f.xml")),
+        "<FiguraVet>\r\n"
+        "<Ponto X=\"-3\" Y=\"4\" Cor=\"0000FF\"/>\r\n"
+        "<Setor X=\"1\" Y=\"2\" Fechado=\"S\" RaioMaior=\"20\" RaioMenor=\"0.5\" AngI=\"0\" AngF=\"1.5\" "
+        "CorLinha=\"80000008\" CorFundo=\"FF0000\" EstiloLinha=\"0\" EstiloFundo=\"1\"/>\r\n"
+        "<Poligono Fechado=\"N\"><Ponto X=\"0\" Y=\"0\"/><Ponto X=\"9\" Y=\"-9\"/></Poligono>\r\n"
+        "<Texto X=\"0\" Y=\"1\" Cor=\"1\" Fonte=\"Sibrel Teste\" Tamanho=\"9\" Texto=\"A\xE7\xE3o\" "
+        "Orientacao=\"900\" AlinhamentoVertical=\"1\" AlinhamentoHorizontal=\"0\"/>\r\n"
+        "</FiguraVet>\r\n");
+    const TResultado R =
+        Rodar({QStringLiteral("--figura"), QStringLiteral("f.xml"), QStringLiteral("--listar"),
+               QStringLiteral("--captura"), QStringLiteral("f.png"), QStringLiteral("--tamanho=100")});
+    QCOMPARE(R.Codigo, 0);
+    QCOMPARE(R.Erros, QString());
+    QCOMPARE(R.Saida,
+             QStringLiteral("0\tPonto\tX=-3\tY=4\tCor=#ff0000\n"
+                            "1\tSetor\tX=1\tY=2\tFechado=S\tRaioMaior=20\tRaioMenor=0.5\tAngI=0\tAngF=1.5\t"
+                            "CorLinha=sistema 8\tCorFundo=#0000ff\tEstiloLinha=0\tEstiloFundo=1\n"
+                            "2\tPoligono\tFechado=N\tCorLinha=#000000\tCorFundo=#000000\tEstiloLinha=2\t"
+                            "EstiloFundo=0\tPontos=0,0 9,-9\n"
+                            "3\tTexto\tX=0\tY=1\tCor=#010000\tFonte=Sibrel Teste\tTamanho=9\tTexto=Ação\t"
+                            "Orientacao=900\tAlinhamentoVertical=1\tAlinhamentoHorizontal=0\n"));
+    const QImage Imagem(NaPasta(QStringLiteral("f.png")));
+    QCOMPARE(Imagem.size(), QSize(100, 100));
+    bool Vermelho = false;
+    for (int Y = 0; Y < 100; ++Y)
+        for (int X = 0; X < 100; ++X)
+            Vermelho = Vermelho || Imagem.pixelColor(X, Y) == QColor(Qt::red);
+    QVERIFY(Vermelho); // the dot
+}
+
+void TesteHospedeiro::UmaFiguraEstragadaERecusada()
+{
+    EscreverBytes(NaPasta(QStringLiteral("f.xml")), "<FiguraVet><Ponto</FiguraVet>");
+    const QStringList Argumentos = {QStringLiteral("--figura"), QStringLiteral("f.xml"),
+                                    QStringLiteral("--captura"), QStringLiteral("f.png")};
+    const TResultado R = Rodar(Argumentos);
+    QCOMPARE(R.Codigo, 1);
+    QVERIFY(R.Erros.startsWith(QStringLiteral("XML em formato inválido!\nLinha 1")));
+    QVERIFY(!QFile::exists(NaPasta(QStringLiteral("f.png"))));
+    // Coordinates at the ends of their type are no reason to fail.
+    EscreverBytes(NaPasta(QStringLiteral("f.xml")),
+                  "<FiguraVet><Poligono Fechado='S'><Ponto X='2147483647' Y='2147483647'/>"
+                  "<Ponto X='2147483000' Y='2147483000'/></Poligono>"
+                  "<Texto X='-2147483648' Y='2147483647' Texto='longe'/></FiguraVet>");
+    QCOMPARE(Rodar(Argumentos).Codigo, 0);
+}
+
+void TesteHospedeiro::AListaDizOsSimbolosVetoriais()
+{
+    EscreverBytes(NaPasta(QStringLiteral("f.xml")), "<FiguraVet><Ponto X='1' Y='1'/></FiguraVet>");
+    const QByteArray Biblioteca = "    1\r\nVetorial   \"Ponto\"              f.xml \r\n";
+    const TResultado R = RodarComBiblioteca(
+        Biblioteca, {QStringLiteral("--listar"), QStringLiteral("--exportar"), QStringLiteral("e.txt")});
+    QCOMPARE(R.Erros, QString());
+    QCOMPARE(R.Saida, QStringLiteral("0\tVetorial\tPonto\tarquivo=f.xml\telementos=1\n"));
+    QCOMPARE(BytesDe(NaPasta(QStringLiteral("e.txt"))), Biblioteca);
+}
+
 void TesteHospedeiro::ErrosDeUso_data()
 {
     const QString NaoHa = QStringLiteral("O arquivo selecionado não está disponível ou não existe!\n"
@@ -314,7 +379,12 @@ void TesteHospedeiro::ErrosDeUso_data()
     DeUso("falta o valor", "--biblioteca", QStringLiteral("Falta o valor da opção <--biblioteca>!"));
     DeUso("valor a mais", "--listar=sim", QStringLiteral("A opção <--listar> não leva valor!"));
     DeUso("argumento solto", "solto", QStringLiteral("O argumento <solto> não pertence a nenhuma opção!"));
-    DeUso("sem biblioteca", "--listar", QStringLiteral("Falta a opção --biblioteca!"));
+    DeUso("lista sem arquivo", "--listar", QStringLiteral("Falta a opção --biblioteca ou --figura!"));
+    DeUso("folha sem biblioteca", "--folha f.png", QStringLiteral("Falta a opção --biblioteca!"));
+    DeUso("folha de figura", "--figura f.xml --folha f.png", QStringLiteral("Falta a opção --biblioteca!"));
+    DeUso("captura sem figura", "--captura f.png", QStringLiteral("Falta a opção --figura!"));
+    DeUso("os dois", "--biblioteca b --figura f --listar",
+          QStringLiteral("As opções --biblioteca e --figura não vão juntas!"));
     DeUso("biblioteca sem nome", "--biblioteca= --listar",
           QStringLiteral("A opção --biblioteca precisa de um nome de arquivo!"));
     DeUso("duas folhas", "--folha a.png --folha b.png",
@@ -343,7 +413,7 @@ void TesteHospedeiro::AAjudaDizOFormatoDaLista()
         QCOMPARE(R.Erros, QString());
         QVERIFY(R.Saida.startsWith(QStringLiteral("Uso: ")));
         for (const char *Parte : {"--biblioteca", "--folha", "--tamanho", "--listar", "--exportar",
-                                  "índice, tipo, rótulo", "Opções:"})
+                                  "--figura", "--captura", "índice, tipo, rótulo", "Opções:"})
             QVERIFY2(R.Saida.contains(QString::fromUtf8(Parte)), Parte);
     }
 }

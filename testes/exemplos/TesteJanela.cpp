@@ -2,16 +2,20 @@
 // The window of the example host, driven by keys and drops as by its user.
 #include "hospedeiro/BotaoDeCor.h"
 #include "hospedeiro/FolhaDeSimbolos.h"
+#include "hospedeiro/JanelaDaFigura.h"
 #include "hospedeiro/JanelaPrincipal.h"
 #include "hospedeiro/PainelDeAvisos.h"
+#include "hospedeiro/PinturaDeSimbolo.h"
 
 #include "comum/Dados.h"
+#include "simbolos/SimboloVetorial.h"
 
 #include <QDropEvent>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QSlider>
+#include <QSplitter>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTreeWidget>
@@ -26,13 +30,31 @@ class TJanelaDeTeste : public TJanelaPrincipal
 {
 public:
     QStringList Erros;
+    QStringList Figuras;
 
 protected:
     void MostrarErro(const QString &Mensagem, const QString &Detalhe) override
     {
         Erros += Mensagem + u'|' + Detalhe;
     }
+    void MostrarFigura(Sibrel::TSimboloVetorial &Figura) override
+    {
+        Figuras +=
+            QStringLiteral("%1 %2").arg(Figura.ObterNomeArquivo()).arg(Figura.ObterElementos().Count());
+    }
 };
+
+QRegion AreaVermelha(const QImage &Imagem)
+{
+    QRegion Area;
+    for (int Y = 0; Y < Imagem.height(); ++Y)
+        for (int X = 0; X < Imagem.width(); ++X) {
+            const QColor Cor = Imagem.pixelColor(X, Y);
+            if (Cor.red() > 150 && Cor.green() < 80 && Cor.blue() < 80)
+                Area += QRect(X, Y, 1, 1);
+        }
+    return Area;
+}
 
 } // namespace
 
@@ -55,6 +77,10 @@ private Q_SLOTS:
     void OQueNaoEArquivoNaoESolto();
     void ExportaEPassaAoNovoNome();
     void UmErroAoExportarEMostrado();
+    void AFiguraAbreNaSuaJanela();
+    void OSimboloVetorialAbreComEnter();
+    void AJanelaDaFiguraListaOsCampos();
+    void AFiguraCresceComOsSeusTextos();
     void CadaComandoTemTeclaDeAcesso();
 
 private:
@@ -212,6 +238,74 @@ void TesteJanela::UmErroAoExportarEMostrado()
 {
     QVERIFY(!FJanela->Exportar(FPasta->filePath(QStringLiteral("nao/ha/b.txt"))));
     QCOMPARE(FJanela->Erros.size(), 1);
+}
+
+void TesteJanela::AFiguraAbreNaSuaJanela()
+{
+    const QString Figura = DadoDeExemplo(QStringLiteral("figuras/alvo.xml"));
+    QVERIFY(FJanela->AbrirFigura(Figura));
+    QMimeData Dados;
+    Dados.setUrls({QUrl::fromLocalFile(Figura)});
+    Soltar(Dados);
+    QCOMPARE(FJanela->Figuras, QStringList({Figura + QStringLiteral(" 7"), Figura + QStringLiteral(" 7")}));
+    QVERIFY(!FJanela->AbrirFigura(Gravar(QStringLiteral("ruim.xml"), "nada")));
+    QCOMPARE(FJanela->Erros.size(), 1);
+    QCOMPARE(FJanela->Figuras.size(), 2);
+}
+
+void TesteJanela::OSimboloVetorialAbreComEnter()
+{
+    Gravar(QStringLiteral("f.xml"), "<FiguraVet><Ponto X='1' Y='1'/></FiguraVet>");
+    QVERIFY(FJanela->Abrir(
+        Gravar(QStringLiteral("b.txt"), "2\nVetorial   \"Ponto\" f.xml\nComposto   \"Nada\" 0\n")));
+    QTest::keyClick(&Folha(), Qt::Key_Return);
+    QCOMPARE(FJanela->Figuras, QStringList(QStringLiteral("f.xml 1")));
+    Folha().IrPara(1);
+    QTest::keyClick(&Folha(), Qt::Key_Return);
+    QCOMPARE(FJanela->Figuras.size(), 1);
+}
+
+void TesteJanela::AJanelaDaFiguraListaOsCampos()
+{
+    Sibrel::TSimboloVetorial Figura;
+    Figura.LerArquivo(DadoDeExemplo(QStringLiteral("figuras/textos_girados.xml")));
+    PrepararSimbolo(Figura);
+    TJanelaDaFigura Janela(Figura);
+    QCOMPARE(Janela.windowTitle(), QStringLiteral("Figura textos_girados.xml"));
+    const auto *Lista = Janela.findChild<QTreeWidget *>();
+    QCOMPARE(Lista->topLevelItemCount(), 8);
+    const QTreeWidgetItem *Texto = Lista->topLevelItem(3);
+    QCOMPARE(Texto->text(0), QStringLiteral("3: Texto"));
+    QCOMPARE(Texto->childCount(), 9);
+    QCOMPARE(Texto->child(2)->text(0), QStringLiteral("Cor"));
+    QCOMPARE(Texto->child(2)->text(1), QStringLiteral("#c81e1e"));
+    QVERIFY(!Texto->child(2)->icon(1).isNull());
+    QVERIFY(Texto->isExpanded());
+}
+
+void TesteJanela::AFiguraCresceComOsSeusTextos()
+{
+    CarregarFontes();
+    Sibrel::TSimboloVetorial Figura;
+    Figura.Atualizar(QStringLiteral(
+        "<FiguraVet><Setor RaioMaior='40' RaioMenor='39' CorFundo='FFFFFF'/>"
+        "<Texto X='20' Y='-10' Cor='0000FF' Fonte='Sibrel Teste' Tamanho='8' Texto='HH'/></FiguraVet>"));
+    TJanelaDaFigura Janela(Figura);
+    const auto Vermelhos = [&Janela](int Lado) {
+        Janela.findChild<QSplitter *>()->setSizes({Lado, Lado});
+        Janela.resize(2 * Lado + 30, Lado + 70);
+        const QImage Quadro = Janela.findChild<QSplitter *>()->widget(0)->grab().toImage();
+        return AreaVermelha(Quadro).boundingRect();
+    };
+    Janela.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&Janela));
+    const QRect Pequena = Vermelhos(200);
+    const QRect Grande = Vermelhos(400);
+    QVERIFY(Pequena.width() > 20);
+    QVERIFY(Grande.width() > 17 * Pequena.width() / 10);
+    // To the right of the middle and above it, as in the figure.
+    const QPoint Meio = Janela.findChild<QSplitter *>()->widget(0)->rect().center();
+    QVERIFY(Grande.left() > Meio.x() && Grande.bottom() < Meio.y());
 }
 
 void TesteJanela::CadaComandoTemTeclaDeAcesso()

@@ -155,6 +155,16 @@ void TesteXMLHostil::Recusados_data()
         }
         return QByteArray(Texto + Repetido("<p1:b/>", 2'000'000) + Repetido("</a>", 250));
     }();
+    QByteArray Opcoes = "x";
+    QByteArray Valores = "x";
+    for (int N = 0; N < 100'000; ++N) {
+        Opcoes += N < 3'000 ? ",x" + QByteArray::number(N) + "?" : QByteArray();
+        Valores += "|x" + QByteArray::number(N);
+    }
+    QTest::newRow("modelo de conteudo longo")
+        << QByteArray("<!DOCTYPE a [<!ELEMENT b EMPTY><!ELEMENT a (" + Opcoes + ")>]><a><b/></a>");
+    QTest::newRow("alternativas demais")
+        << QByteArray("<!DOCTYPE a [<!ELEMENT a ANY><!ATTLIST a b (" + Valores + ") #IMPLIED>]><a/>");
     QTest::newRow("modelo de conteudo fundo") << QByteArray(
         "<!DOCTYPE a [<!ELEMENT a " + QByteArray(100'000, '(') + "b" + QByteArray(100'000, ')') + ">]><a/>");
 }
