@@ -3,6 +3,9 @@
 // accents and letter case count. Some are only used by hosts that share the vocabulary.
 #pragma once
 
+#include "plataforma/Exportacao.h"
+#include "plataforma/Modulo.h"
+
 #include <QStringView>
 
 namespace Sibrel
@@ -47,5 +50,8 @@ inline constexpr QStringView _ABSOLUTO_ = u"Absoluto";
 inline constexpr QStringView _OPERANTE_ = u"Operante";
 inline constexpr QStringView _RELATIVO_ = u"Relativo";
 // NOLINTEND(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)
+
+/// The module that holds the names.
+SIBREL_EXPORT TModulo &ModuloTagsXML() noexcept;
 
 } // namespace Sibrel

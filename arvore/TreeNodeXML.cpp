@@ -220,10 +220,17 @@ bool TTreeNodeXML::ObterApagado() const
     return Apagado();
 }
 
-QString TTreeNodeXML::LegendaDoElemento(const TCursorXML &No)
+QByteArray TTreeNodeXML::LegendaDoElemento(const TCursorXML &No)
 {
     const std::optional<QByteArrayView> Texto = PrimeiroTexto(No);
-    return Texto ? QString::fromUtf8(*Texto) : No.NodeName();
+    return Texto ? Texto->toByteArray() : No.NodeName().toUtf8();
+}
+
+void TTreeNodeXML::VerificarNumeros(const TCursorXML &No)
+{
+    for (const QStringView Nome : {_COR_, _SIMBOLO_})
+        if (const auto Texto = No.AttributeUtf8(Nome))
+            Inteiro(*Texto);
 }
 
 bool TTreeNodeXML::AtribuirNoXML(const IXMLNode &No)

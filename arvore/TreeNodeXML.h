@@ -118,8 +118,10 @@ public:
     bool Identifica(const TStrings &Lista) const;
     bool Identifica(const TIdentificacao &Lista) const;
 
-    /// The caption that this class gives to an element.
-    static QString LegendaDoElemento(const TCursorXML &No);
+    /// The caption that this class gives to an element that is no link, in UTF-8.
+    static QByteArray LegendaDoElemento(const TCursorXML &No);
+    /// EConvertError when loading the element would raise it.
+    static void VerificarNumeros(const TCursorXML &No);
 
 private:
     friend class TListaDeNo;

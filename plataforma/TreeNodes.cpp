@@ -200,9 +200,14 @@ void TTreeNodes::Segurar()
 
 void TTreeNodes::Soltar()
 {
-    const TGuarda Guarda(FTrava);
-    --FSegurados;
-    Enterrar();
+    std::vector<TTreeNode *> Mortos;
+    {
+        const TGuarda Guarda(FTrava);
+        --FSegurados;
+        Mortos = MortosDeVez();
+    }
+    for (TTreeNode *Morto : Mortos) // without the lock: there may be very many
+        Destruir(Morto);
 }
 
 void TTreeNodes::Reservar(TTreeNode &No, bool Sim)
@@ -261,12 +266,18 @@ void TTreeNodes::Publicou()
     Enterrar();
 }
 
-void TTreeNodes::Enterrar()
+// Those at which nothing can point any more.
+std::vector<TTreeNode *> TTreeNodes::MortosDeVez()
 {
     if (FSegurados > 0 || FDevendo || !FPendencias.Vazia())
-        return;
+        return {};
+    return std::exchange(FMortos, {});
+}
+
+void TTreeNodes::Enterrar()
+{
     // Out of the list first: a destructor may delete further nodes.
-    for (TTreeNode *Morto : std::exchange(FMortos, {}))
+    for (TTreeNode *Morto : MortosDeVez())
         Destruir(Morto);
 }
 

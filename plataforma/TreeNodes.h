@@ -121,6 +121,7 @@ private:
     void Desligar(TTreeNode &No);
     void MarcarRetirados(TTreeNode &Raiz);
     void Avisar();
+    std::vector<TTreeNode *> MortosDeVez();
     void Enterrar();
     static void Destruir(TTreeNode *Primeiro) noexcept;
 

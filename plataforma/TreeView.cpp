@@ -159,9 +159,9 @@ bool TTreeView::CustomDrawItem(TTreeNode &, const TEstadoDoItem &, TEstagioDoDes
     return true;
 }
 
-int TTreeView::FimDoConteudo(const TTreeNode &) const
+void TTreeView::NotarLargura(int Fim) noexcept
 {
-    return 0;
+    FLarguraDoConteudo = std::max(FLarguraDoConteudo, Fim);
 }
 
 QVariant TTreeView::DadoDoNo(const TTreeNode &, int) const
@@ -216,7 +216,6 @@ bool TTreeView::DesenharLinha(const QStyleOptionViewItem &Opcao, const QModelInd
                                                 : TColor(Cores.color(QPalette::Base));
     FCanvas->Font.AtribuirColor(Realce ? TColor(Cores.color(QPalette::HighlightedText))
                                        : TColor(Cores.color(QPalette::Text)));
-    FLarguraDoConteudo = std::max(FLarguraDoConteudo, FimDoConteudo(*No));
     bool ComImagens = true;
     return CustomDrawItem(*No, Estado, TEstagioDoDesenho::PrePintura, ComImagens);
 }

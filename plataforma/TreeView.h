@@ -81,8 +81,9 @@ protected:
     /// all, the control draws nothing more.
     virtual bool CustomDrawItem(TTreeNode &No, const TEstadoDoItem &Estado, TEstagioDoDesenho Estagio,
                                 bool &PaintImages);
-    /// Where a row's content ends, from the tree's left edge, in logical pixels; sets the horizontal range.
-    virtual int FimDoConteudo(const TTreeNode &No) const;
+    /// Called while a row is drawn: where its content ends, in logical pixels from the tree's left edge. The
+    /// widest row seen sets the horizontal range.
+    void NotarLargura(int Fim) noexcept;
     /// Answers of a node for the model's roles.
     virtual QVariant DadoDoNo(const TTreeNode &No, int Papel) const;
     /// The canvas of the row being drawn. Only inside CustomDrawItem.

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "registro/Sibrel.h"
 
+#include "arvore/PrepararAtualizacao.h"
+#include "arvore/TagsXML.h"
+#include "arvore/TreeNodeXML.h"
+#include "arvore/TreeViewXML.h"
 #include "arvore/TreeViewXMLBD.h"
 #include "simbolos/SimboloImagem.h"
 #include "simbolos/SimboloVetorial.h"
@@ -15,9 +19,10 @@ namespace Sibrel
 
 std::span<TModulo *const> ModulosDoPacote() noexcept
 {
-    static const std::array Modulos = {&ModuloTabelaDeSimbolos(), &ModuloSimboloImagem(),
-                                       &ModuloTabelaDeSimbolosBD(), &ModuloSimboloVetorial(),
-                                       &ModuloTreeViewXMLBD()};
+    static const std::array Modulos = {
+        &ModuloTabelaDeSimbolos(),    &ModuloSimboloImagem(), &ModuloTabelaDeSimbolosBD(),
+        &ModuloSimboloVetorial(),     &ModuloTagsXML(),       &ModuloTreeNodeXML(),
+        &ModuloPrepararAtualizacao(), &ModuloTreeViewXML(),   &ModuloTreeViewXMLBD()};
     return Modulos;
 }
 
