@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Rows of a database into a symbol table and into the lines of a tree document, each beside a plain loop that
-// only reads the columns of the same rows.
+// Rows of a database into a symbol table, into the lines of a tree document and into a tree's nodes, each
+// beside a plain loop that only reads the columns of the same rows.
 #include "arvore/DocumentoDeTabelas.h"
 #include "arvore/ParseTableXMLMapeada.h"
+#include "arvore/TreeViewXMLBD.h"
 #include "plataforma/ClientDataSet.h"
 #include "plataforma/CustomConnection.h"
 #include "simbolos/TabelaDeSimbolosBD.h"
@@ -167,12 +168,33 @@ void BM_MontarDocumentoDeUnidades(benchmark::State &Estado)
     Contar(Estado);
 }
 
+void BM_ExecutarArvore(benchmark::State &Estado)
+{
+    TTreeViewXML::RegistrarClasse(QStringLiteral("Unidade"), TRefNoXML::De<TTreeNodeXML>());
+    {
+        TTreeViewXMLBD Arvore;
+        Arvore.ElementoRaiz = QStringLiteral("Unidades");
+        Arvore.AtribuirDataBase(&Banco());
+        Arvore.Parses().Add(std::make_unique<TParseTableXMLMapeada>(Mapeamento(), Unidades));
+        for (auto _ : Estado) {
+            Arvore.Executar();
+            while (TPreparaAtualizacao::Instancias() > 0) // the nodes are made by a thread of its own
+                QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
+            if (Arvore.Items().Count() != Linhas)
+                Estado.SkipWithError("the tree has not all nodes");
+        }
+    }
+    TTreeViewXML::RemoverRegistroClasse(QStringLiteral("Unidade"));
+    Contar(Estado);
+}
+
 BENCHMARK(BM_LerSimbolosComQSqlQuery)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_LerSimbolosComQSqlQueryQueVolta)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_AbrirDados)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_ImportarTabelaDeSimbolos)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_LerUnidadesComQSqlQuery)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_MontarDocumentoDeUnidades)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_ExecutarArvore)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 } // namespace
 

@@ -2,6 +2,7 @@
 // The pictures that a canvas draws: pixel on pixel where the surface has pixels, and by the copy mode.
 #include "plataforma/Canvas.h"
 #include "plataforma/Graphic.h"
+#include "plataforma/Transparencia.h"
 
 #include <QPaintEngine>
 #include <QPainter>
@@ -33,17 +34,6 @@ QRect EmPixels(const QTransform &ParaOAparelho, const QRect &Area)
     const auto Lado = [](double Valor) { return static_cast<int>(std::floor(Valor + 0.5)); };
     const QPoint Canto(Lado(Exata.left()), Lado(Exata.top()));
     return {Canto, QSize(Lado(Exata.right()) - Canto.x(), Lado(Exata.bottom()) - Canto.y())};
-}
-
-// The picture with every pixel of one colour see-through.
-QImage SemACor(const QImage &Imagem, QRgb Cor)
-{
-    QImage Resultado = Imagem.convertToFormat(QImage::Format_ARGB32_Premultiplied);
-    for (int Y = 0; Y < Resultado.height(); ++Y) {
-        auto *Linha = reinterpret_cast<QRgb *>(Resultado.scanLine(Y));
-        std::replace(Linha, Linha + Resultado.width(), Cor, QRgb{0});
-    }
-    return Resultado;
 }
 
 constexpr QRgb Preto = 0xFF000000U;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "ComumArvore.h"
+#include "ComumTabelas.h"
 #include "arvore/ParseTableXMLMapeada.h"
 #include "arvore/TreeViewXMLBD.h"
 #include "comum/Dados.h"
@@ -18,35 +19,6 @@ using namespace Sibrel::Testes;
 
 namespace
 {
-
-class TLinhasFixas : public TParseTableXML
-{
-public:
-    explicit TLinhasFixas(QStringList Linhas = {}, int *Mortas = nullptr)
-        : FLinhas(std::move(Linhas))
-        , FMortas(Mortas)
-    {
-    }
-    ~TLinhasFixas() override
-    {
-        if (FMortas != nullptr)
-            ++*FMortas;
-    }
-    void GerarXML(TStrings &Lista) override
-    {
-        CursorNaHora = QGuiApplication::overrideCursor() != nullptr
-                           ? QGuiApplication::overrideCursor()->shape()
-                           : Qt::ArrowCursor;
-        for (const QString &Linha : FLinhas)
-            Lista.Add(Linha);
-    }
-
-    Qt::CursorShape CursorNaHora = Qt::ArrowCursor;
-
-private:
-    QStringList FLinhas;
-    int *FMortas;
-};
 
 // A view that says that it goes on when an element fails.
 class TVista : public TTreeViewXMLBD
