@@ -174,7 +174,7 @@ void PorStream(QTreeWidget &Arvore, const QString &XML)
                 const auto A = Leitor.attributes();
                 (Leitor.name() == u"Identificador" ? Identificacao : Informacao)
                     .append(A.value(QStringLiteral("Rótulo")).toString() + u'=' +
-                            A.value(QLatin1String("Valor")));
+                            A.value(QLatin1String("Valor")).toString());
             }
         } else if (Leitor.isEndElement()) {
             if (Leitor.name() == u"Informações") {

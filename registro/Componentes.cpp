@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "registro/Componentes.h"
 
+#include "arvore/TreeViewXML.h"
 #include "simbolos/SimboloImagem.h"
 #include "simbolos/TabelaDeSimbolos.h"
 #include "simbolos/TabelaDeSimbolosBD.h"
@@ -36,6 +37,12 @@ constexpr std::array Componentes = {
     TComponenteDoPacote{QLatin1String("TTabelaDeSimbolosBD"), QLatin1String("simbolos/TabelaDeSimbolosBD.h"),
                         u"Tabela de símbolos preenchida por um banco de dados", false,
                         &Novo<TTabelaDeSimbolosBD>, DaTabela},
+    TComponenteDoPacote{QLatin1String("TTreeViewXML"),
+                        QLatin1String("arvore/TreeViewXML.h"),
+                        u"Árvore de objetos descrita em XML",
+                        true,
+                        &Novo<TTreeViewXML>,
+                        {}},
 };
 
 } // namespace

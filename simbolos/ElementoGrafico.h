@@ -72,7 +72,8 @@ public:
     /// Describes the pixels of the next Desenhar into `Rect`, which must depend on nothing but the Selo, the
     /// rectangle, the canvas's pen width and what is described. False (the default) when they cannot be kept.
     virtual bool DescreverPintura(const TRect &Rect, TPinturaDoElemento &Pintura) const;
-    /// Leaves on the canvas the state that Desenhar leaves, without drawing. Called only after
+    /// Leaves on the canvas the state that Desenhar leaves, without drawing: pen colour and style, brush,
+    /// font and text alignment, each set or not touched, whatever they were. Called only after
     /// DescreverPintura was true.
     virtual void AplicarEstado(TCanvas &Canvas) const;
 

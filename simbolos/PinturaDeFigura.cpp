@@ -2,6 +2,8 @@
 #include "simbolos/PinturaDeFigura.h"
 
 #include "lumbrix/Geometria.h"
+#include "plataforma/Bitmap.h"
+#include "plataforma/Canvas.h"
 #include "plataforma/FontesInstaladas.h"
 #include "simbolos/GeometriaDeElementos.h"
 #include "simbolos/ListaElementosGraficos.h"
@@ -76,7 +78,57 @@ void Juntar(TPinturaDoElemento &Todos, const TPinturaDoElemento &Um) noexcept
     Todos.HerdaCaneta |= Um.HerdaCaneta;
 }
 
+template <class T>
+std::optional<T> SeIguais(const T &A, const T &B)
+{
+    return A == B ? std::optional(A) : std::nullopt;
+}
+
+// Two canvases that have nothing in common are led through all elements: what is then the same was set.
+TEstadoDeixado EstadoDeixadoPor(const TListaElementosGraficos &Elementos)
+{
+    TBitmap Um;
+    TBitmap Outro;
+    TCanvas &A = Um.Canvas();
+    TCanvas &B = Outro.Canvas();
+    A.Pen = {clBlack, TPenStyle::psSolid, 1};
+    B.Pen = {clWhite, TPenStyle::psClear, 1};
+    A.Brush = {clBlack, TBrushStyle::bsSolid};
+    B.Brush = {clWhite, TBrushStyle::bsCross};
+    B.Font.AtribuirHeight(A.Font.Height() - 1);
+    A.TextAlign = TA_LEFT;
+    B.TextAlign = TA_RIGHT;
+    for (const auto &Elemento : Elementos) {
+        if (!Elemento)
+            continue;
+        Elemento->AplicarEstado(A);
+        Elemento->AplicarEstado(B);
+    }
+    return {SeIguais(A.Pen.Color, B.Pen.Color),
+            SeIguais(A.Pen.Style, B.Pen.Style),
+            SeIguais(A.Brush.Color, B.Brush.Color),
+            SeIguais(A.Brush.Style, B.Brush.Style),
+            SeIguais(A.Font, B.Font),
+            SeIguais(A.TextAlign, B.TextAlign)};
+}
+
 } // namespace
+
+void TEstadoDeixado::Aplicar(TCanvas &Canvas) const
+{
+    if (CorDaCaneta)
+        Canvas.Pen.Color = *CorDaCaneta;
+    if (EstiloDaCaneta)
+        Canvas.Pen.Style = *EstiloDaCaneta;
+    if (CorDoPincel)
+        Canvas.Brush.Color = *CorDoPincel;
+    if (EstiloDoPincel)
+        Canvas.Brush.Style = *EstiloDoPincel;
+    if (Fonte && Canvas.Font.Selo() != Fonte->Selo())
+        Canvas.Font = *Fonte;
+    if (Alinhamento)
+        Canvas.TextAlign = *Alinhamento;
+}
 
 TEnquadramento::TEnquadramento(const TRect &Area, const TRect &Rect) noexcept
     : FCentro(Centro(Area))
@@ -111,9 +163,8 @@ std::uint64_t TPinturaDeFigura::Selo(const TListaElementosGraficos &Elementos)
 }
 
 const TPinturaDeFigura::TResumo &TPinturaDeFigura::Resumo(const TListaElementosGraficos &Elementos,
-                                                          const TRect &Rect)
+                                                          std::uint64_t SeloAtual, const TRect &Rect)
 {
-    const std::uint64_t SeloAtual = Selo(Elementos);
     const std::uint64_t Fontes = GeracaoDasFontes();
     const bool MesmoLugar = FResumo.Rect == Rect || FResumo.Todos.Encaixe != TEncaixe::Fixo;
     if (FResumo.Selo != SeloAtual || FResumo.Fontes != Fontes || FResumo.Rect.Width() != Rect.Width() ||
@@ -158,6 +209,7 @@ void TPinturaDeFigura::Resumir(TResumo &Resumo, const TListaElementosGraficos &E
         Lados = Uniao(Uniao(Lados, R), {R.Right, R.Bottom, R.Left, R.Top}); // also of boxes turned around
     }
     Resumo.Alcance = Deslocado(Resumo.Todos.Alcance, -std::int64_t{Rect.Left}, -std::int64_t{Rect.Top});
+    Resumo.Estado = EstadoDeixadoPor(Elementos);
     if (Linhas)
         Resumo.Linhas = Deslocado(*Linhas, -std::int64_t{Rect.Left}, -std::int64_t{Rect.Top});
     Resumo.Coordenadas =
@@ -208,12 +260,13 @@ std::optional<TChaveDePintura> TPinturaDeFigura::Chave(const TResumo &Resumo, TC
     return Chave;
 }
 
-bool TPinturaDeFigura::Pedir(const TListaElementosGraficos &Elementos, TCanvas &Canvas, const TRect &Rect,
-                             double Densidade, TPinturaPedida &Pedida, TPoint &CentroDaFigura)
+bool TPinturaDeFigura::Pedir(const TListaElementosGraficos &Elementos, std::uint64_t SeloAtual,
+                             TCanvas &Canvas, const TRect &Rect, double Densidade, TPinturaPedida &Pedida,
+                             TPoint &CentroDaFigura)
 {
     if (Rect.Width() < MenorRetangulo || Rect.Height() < MenorRetangulo)
         return false;
-    const TResumo &R = Resumo(Elementos, Rect);
+    const TResumo &R = Resumo(Elementos, SeloAtual, Rect);
     if (!R.Lembravel || !PintorSimples(Canvas.Pintor(), Densidade, R.Todos.Hachurada))
         return false;
     const std::optional<TChaveDePintura> DaFigura = Chave(R, Canvas, Rect, Densidade);
@@ -240,9 +293,7 @@ bool TPinturaDeFigura::Pedir(const TListaElementosGraficos &Elementos, TCanvas &
     if (R.Todos.Hachurada)
         Pedida.Alcance = NaHachura(Pedida.Alcance);
     CentroDaFigura = R.Centro;
-    for (const auto &Elemento : Elementos)
-        if (Elemento)
-            Elemento->AplicarEstado(Canvas);
+    R.Estado.Aplicar(Canvas);
     return true;
 }
 

@@ -14,6 +14,18 @@ namespace Sibrel
 
 class TListaElementosGraficos;
 
+/// What drawing a figure sets of a canvas's state; what it does not set stays as it was.
+struct TEstadoDeixado {
+    std::optional<TColor> CorDaCaneta;
+    std::optional<TPenStyle> EstiloDaCaneta;
+    std::optional<TColor> CorDoPincel;
+    std::optional<TBrushStyle> EstiloDoPincel;
+    std::optional<TFont> Fonte;
+    std::optional<unsigned> Alinhamento;
+
+    void Aplicar(TCanvas &Canvas) const;
+};
+
 /// The fitting of a figure into a rectangle: scale and both centres.
 class TEnquadramento
 {
@@ -40,17 +52,15 @@ class TPinturaDeFigura
 public:
     /// A number that changes whenever the list or an element of it does.
     std::uint64_t Selo(const TListaElementosGraficos &Elementos);
-    /// True when the figure is the one that DesenhadaAssim was last told of. A figure that changes from
-    /// drawing to drawing is not worth a picture.
-    bool JaDesenhadaAssim(const TListaElementosGraficos &Elementos)
-    {
-        return Selo(Elementos) == FSeloDesenhado;
-    }
-    void DesenhadaAssim(const TListaElementosGraficos &Elementos) { FSeloDesenhado = Selo(Elementos); }
+    /// True when the figure with this stamp is the one that DesenhadaAssim was last told of. A figure that
+    /// changes from drawing to drawing is not worth a picture.
+    bool JaDesenhadaAssim(std::uint64_t SeloAtual) const noexcept { return SeloAtual == FSeloDesenhado; }
+    void DesenhadaAssim(std::uint64_t SeloAtual) noexcept { FSeloDesenhado = SeloAtual; }
 
-    /// As ISimbolo::PedirPintura. `Centro` is set as a drawing would set it.
-    bool Pedir(const TListaElementosGraficos &Elementos, TCanvas &Canvas, const TRect &Rect, double Densidade,
-               TPinturaPedida &Pedida, TPoint &Centro);
+    /// As ISimbolo::PedirPintura, for the figure with the present stamp `SeloAtual`. `Centro` is set as a
+    /// drawing would set it.
+    bool Pedir(const TListaElementosGraficos &Elementos, std::uint64_t SeloAtual, TCanvas &Canvas,
+               const TRect &Rect, double Densidade, TPinturaPedida &Pedida, TPoint &Centro);
 
 private:
     // What a drawing into a rectangle of one size depends on, wherever it stands unless its Encaixe is Fixo.
@@ -65,8 +75,10 @@ private:
         TRect Linhas;      // the part of it that must not be cut by a clip
         TRect Coordenadas; // what all computed coordinates lie in, relative likewise
         TPinturaDoElemento Todos;
+        TEstadoDeixado Estado;
     };
-    const TResumo &Resumo(const TListaElementosGraficos &Elementos, const TRect &Rect);
+    const TResumo &Resumo(const TListaElementosGraficos &Elementos, std::uint64_t SeloAtual,
+                          const TRect &Rect);
     static void Resumir(TResumo &Resumo, const TListaElementosGraficos &Elementos, const TRect &Rect);
     static TEncaixe NoLugar(const TResumo &Resumo, const TRect &Rect) noexcept;
     static std::optional<TChaveDePintura> Chave(const TResumo &Resumo, TCanvas &Canvas, const TRect &Rect,

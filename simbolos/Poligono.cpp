@@ -131,19 +131,20 @@ QString TPoligono::ObterXML() const
 
 void TPoligono::AtribuirXML(const TCursorXML &No)
 {
-    SeHouver(No, u"Fechado", [this](const QString &T) { AtribuirFechado(SinalDoTexto(T)); });
-    SeHouver(No, u"CorLinha", [this](const QString &T) { AtribuirCorLinha(CorDoTexto(T)); });
-    SeHouver(No, u"CorFundo", [this](const QString &T) { AtribuirCorFundo(CorDoTexto(T)); });
-    SeHouver(No, u"EstiloLinha",
-             [this](const QString &T) { AtribuirEstiloLinha(EstiloDoTexto<TPenStyle>(T)); });
+    SeHouver(No, u"Fechado", [this](QStringView T) { AtribuirFechado(SinalDoTexto(T)); });
+    SeHouver(No, u"CorLinha", [this](QStringView T) { AtribuirCorLinha(CorDoTexto(T)); });
+    SeHouver(No, u"CorFundo", [this](QStringView T) { AtribuirCorFundo(CorDoTexto(T)); });
+    SeHouver(No, u"EstiloLinha", [this](QStringView T) { AtribuirEstiloLinha(EstiloDoTexto<TPenStyle>(T)); });
     SeHouver(No, u"EstiloFundo",
-             [this](const QString &T) { AtribuirEstiloFundo(EstiloDoTexto<TBrushStyle>(T)); });
+             [this](QStringView T) { AtribuirEstiloFundo(EstiloDoTexto<TBrushStyle>(T)); });
     FVertices->Clear();
     for (const TCursorXML &Filho : No.Filhos()) {
-        const auto X = Filho.Attribute(u"X");
-        const auto Y = Filho.Attribute(u"Y");
-        if (X && Y)
-            FVertices->Add(TPoint(StrToInt(*X), StrToInt(*Y)));
+        if (!Filho.HasAttribute(u"X") || !Filho.HasAttribute(u"Y"))
+            continue;
+        TPoint P;
+        SeHouver(Filho, u"X", [&P](QStringView T) { P.X = StrToInt(T); });
+        SeHouver(Filho, u"Y", [&P](QStringView T) { P.Y = StrToInt(T); });
+        FVertices->Add(P);
     }
 }
 

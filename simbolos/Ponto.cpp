@@ -59,9 +59,9 @@ QString TPonto::ObterXML() const
 
 void TPonto::AtribuirXML(const TCursorXML &No)
 {
-    SeHouver(No, u"Cor", [this](const QString &T) { AtribuirCor(CorDoTexto(T)); });
-    SeHouver(No, u"X", [this](const QString &T) { AtribuirX(StrToInt(T)); });
-    SeHouver(No, u"Y", [this](const QString &T) { AtribuirY(StrToInt(T)); });
+    SeHouver(No, u"Cor", [this](QStringView T) { AtribuirCor(CorDoTexto(T)); });
+    SeHouver(No, u"X", [this](QStringView T) { AtribuirX(StrToInt(T)); });
+    SeHouver(No, u"Y", [this](QStringView T) { AtribuirY(StrToInt(T)); });
 }
 
 } // namespace Sibrel

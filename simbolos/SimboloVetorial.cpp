@@ -68,22 +68,30 @@ TSimboloVetorial::~TSimboloVetorial() = default;
 bool TSimboloVetorial::PedirPintura(TCanvas &Canvas, const TRect &Rect, double Densidade,
                                     TPinturaPedida &Pedida)
 {
-    return FPintura->Pedir(FElementos, Canvas, Rect, Densidade, Pedida, FCentro);
+    return FPintura->Pedir(FElementos, FPintura->Selo(FElementos), Canvas, Rect, Densidade, Pedida, FCentro);
+}
+
+bool TSimboloVetorial::DesenharDeMemoria(TCanvas &Canvas, const TRect &Rect, std::uint64_t Selo)
+{
+    const std::optional<double> Densidade = Canvas.DensidadeDePixels();
+    if (!Densidade)
+        return false;
+    const TPen Pen = Canvas.Pen;
+    TPinturaPedida Pedida;
+    if (FPintura->Pedir(FElementos, Selo, Canvas, Rect, *Densidade, Pedida, FCentro) &&
+        DesenharLembrada(Canvas, Rect, Pedida, Pen, [&](TCanvas &C) { DesenharDireto(C, Rect); }))
+        return true;
+    Canvas.Pen = Pen; // of the state that was left already, drawing directly depends on the pen alone
+    return false;
 }
 
 void TSimboloVetorial::Desenhar(TCanvas &Canvas, const TRect &Rect)
 {
-    if (FPintura->JaDesenhadaAssim(FElementos)) {
-        const TPen Pen = Canvas.Pen;
-        const std::optional<double> Densidade = Canvas.DensidadeDePixels();
-        TPinturaPedida Pedida;
-        if (Densidade && PedirPintura(Canvas, Rect, *Densidade, Pedida) &&
-            DesenharLembrada(Canvas, Rect, Pedida, Pen, [&](TCanvas &C) { DesenharDireto(C, Rect); }))
-            return;
-        Canvas.Pen = Pen;
-    }
+    const std::uint64_t Selo = FPintura->Selo(FElementos);
+    if (FPintura->JaDesenhadaAssim(Selo) && DesenharDeMemoria(Canvas, Rect, Selo))
+        return;
     DesenharDireto(Canvas, Rect);
-    FPintura->DesenhadaAssim(FElementos);
+    FPintura->DesenhadaAssim(FPintura->Selo(FElementos)); // anew: drawing turns texts
 }
 
 void TSimboloVetorial::DesenharDireto(TCanvas &Canvas, const TRect &Rect)

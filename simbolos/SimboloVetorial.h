@@ -67,6 +67,7 @@ public:
 
 private:
     void DesenharDireto(TCanvas &Canvas, const TRect &Rect);
+    bool DesenharDeMemoria(TCanvas &Canvas, const TRect &Rect, std::uint64_t Selo);
     void AcrescentarDe(const TCursorXML &Raiz);
 
     TListaElementosGraficos FElementos;

@@ -159,18 +159,17 @@ QString TTexto::ObterXML() const
 
 void TTexto::AtribuirXML(const TCursorXML &No)
 {
-    SeHouver(No, u"Cor", [this](const QString &T) { FFonte.AtribuirColor(CorDoTexto(T)); });
-    SeHouver(No, u"X", [this](const QString &T) { AtribuirX(StrToInt(T)); });
-    SeHouver(No, u"Y", [this](const QString &T) { AtribuirY(StrToInt(T)); });
-    SeHouver(No, u"Fonte", [this](const QString &T) { FFonte.AtribuirName(T); });
-    SeHouver(No, u"Tamanho", [this](const QString &T) { FFonte.AtribuirSize(StrToInt(T)); });
-    SeHouver(No, u"Texto", [this](const QString &T) { AtribuirTexto(T); });
+    SeHouver(No, u"Cor", [this](QStringView T) { FFonte.AtribuirColor(CorDoTexto(T)); });
+    SeHouver(No, u"X", [this](QStringView T) { AtribuirX(StrToInt(T)); });
+    SeHouver(No, u"Y", [this](QStringView T) { AtribuirY(StrToInt(T)); });
+    SeHouver(No, u"Fonte", [this](QStringView T) { FFonte.AtribuirName(T.toString()); });
+    SeHouver(No, u"Tamanho", [this](QStringView T) { FFonte.AtribuirSize(StrToInt(T)); });
+    SeHouver(No, u"Texto", [this](QStringView T) { AtribuirTexto(T.toString()); });
     SeHouver(No, u"Orientacao",
-             [this](const QString &T) { AtribuirOrientacao(static_cast<std::uint16_t>(StrToInt(T))); });
-    SeHouver(No, u"AlinhamentoVertical", [this](const QString &T) {
-        AtribuirAlinhamentoVertical(EstiloDoTexto<TAlinhamentoVertical>(T));
-    });
-    SeHouver(No, u"AlinhamentoHorizontal", [this](const QString &T) {
+             [this](QStringView T) { AtribuirOrientacao(static_cast<std::uint16_t>(StrToInt(T))); });
+    SeHouver(No, u"AlinhamentoVertical",
+             [this](QStringView T) { AtribuirAlinhamentoVertical(EstiloDoTexto<TAlinhamentoVertical>(T)); });
+    SeHouver(No, u"AlinhamentoHorizontal", [this](QStringView T) {
         AtribuirAlinhamentoHorizontal(EstiloDoTexto<TAlinhamentoHorizontal>(T));
     });
 }

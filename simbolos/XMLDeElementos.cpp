@@ -4,6 +4,8 @@
 #include "plataforma/Conversao.h"
 #include "simbolos/ElementoGrafico.h"
 
+#include <QVarLengthArray>
+
 namespace Sibrel
 {
 
@@ -45,9 +47,11 @@ TEscritaDeElemento &TEscritaDeElemento::Atributo(QStringView Nome, TColor Cor)
     return Atributo(Nome, IntToHex(Cor.Valor(), DigitosDaCor));
 }
 
-TColor CorDoTexto(const QString &Texto)
+TColor CorDoTexto(QStringView Texto)
 {
-    return StrToInt(QChar(u'$') + Texto);
+    QVarLengthArray<QChar, 16> ComPrefixo{u'$'};
+    ComPrefixo.append(Texto.data(), Texto.size());
+    return StrToInt(QStringView(ComPrefixo.constData(), ComPrefixo.size()));
 }
 
 } // namespace Sibrel

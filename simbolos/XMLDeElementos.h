@@ -9,6 +9,8 @@
 #include <QString>
 #include <QStringView>
 
+#include <algorithm>
+#include <array>
 #include <concepts>
 #include <cstdint>
 
@@ -40,24 +42,35 @@ private:
     QString FTexto;
 };
 
-/// Hands the text of the attribute `Nome`, if it is there, to `Ler`.
+/// Hands the text of the attribute `Nome`, if it is there, to `Ler` as a QStringView. Short plain texts,
+/// which is nearly all of them, are widened on the stack.
 template <class Leitura>
 void SeHouver(const TCursorXML &No, QStringView Nome, Leitura &&Ler)
 {
-    if (const auto Texto = No.Attribute(Nome))
-        Ler(*Texto);
+    const auto Utf8 = No.AttributeUtf8(Nome);
+    if (!Utf8)
+        return;
+    constexpr qsizetype Curto = 64;
+    std::array<char16_t, Curto> Texto;
+    const auto Simples = [](char C) { return static_cast<unsigned char>(C) < 0x80; };
+    if (Utf8->size() <= Curto && std::all_of(Utf8->begin(), Utf8->end(), Simples)) {
+        std::copy(Utf8->begin(), Utf8->end(), Texto.begin());
+        Ler(QStringView(Texto.data(), Utf8->size()));
+    } else {
+        Ler(QStringView(QString::fromUtf8(*Utf8)));
+    }
 }
 
 /// A colour from its bare hexadecimal text; EConvertError when it is none.
-TColor CorDoTexto(const QString &Texto);
+TColor CorDoTexto(QStringView Texto);
 /// A flag: true for "S" alone.
-inline bool SinalDoTexto(const QString &Texto)
+inline bool SinalDoTexto(QStringView Texto)
 {
     return Texto == QStringView(u"S");
 }
 /// An enumeration from its ordinal, of which the low 8 bits count; they may name no value of it.
 template <class Enumeracao>
-Enumeracao EstiloDoTexto(const QString &Texto)
+Enumeracao EstiloDoTexto(QStringView Texto)
 {
     return static_cast<Enumeracao>(static_cast<std::uint8_t>(StrToInt(Texto)));
 }

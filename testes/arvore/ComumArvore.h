@@ -5,7 +5,9 @@
 #include "arvore/PrepararAtualizacao.h"
 #include "arvore/TreeViewXML.h"
 
+#include <QElapsedTimer>
 #include <QTest>
+#include <QTimer>
 
 #include <initializer_list>
 #include <utility>
@@ -36,10 +38,23 @@ private:
     QStringList FTags;
 };
 
+/// Runs the event loop until `Pronto`; false when that takes too long.
+template <class Condicao>
+bool Esperar(Condicao &&Pronto, int Milissegundos = 60000)
+{
+    QElapsedTimer Relogio;
+    Relogio.start();
+    QTimer Despertador; // so that the loop looks at the clock now and then
+    Despertador.start(50);
+    while (!Pronto() && Relogio.elapsed() < Milissegundos)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    return Pronto();
+}
+
 /// Runs the event loop until no update exists.
 inline bool EsperarAtualizacoes(int Milissegundos = 60000)
 {
-    return QTest::qWaitFor([] { return TPreparaAtualizacao::Instancias() == 0; }, Milissegundos);
+    return Esperar([] { return TPreparaAtualizacao::Instancias() == 0; }, Milissegundos);
 }
 
 /// An element U with name and code; the rest inside.

@@ -12,6 +12,8 @@
 #include <QTest>
 
 #include <limits>
+#include <memory>
+#include <vector>
 
 using namespace Sibrel;
 using namespace Sibrel::Testes;
@@ -26,6 +28,8 @@ private Q_SLOTS:
     void NomesDoWindows();
     void OExatoGanhaDoQueSoDifereNaCaixa();
     void PastaNaoEArquivo();
+    void NomeComCaracterZeroNaoENenhum();
+    void NomesParaGravar();
     void Relativos_data();
     void Relativos();
     void PastaDoNome();
@@ -41,6 +45,7 @@ private Q_SLOTS:
     void CaracteresNaoPassamDaLinha();
     void LfECrLfTerminamLinhas();
     void ALinhaDoErro();
+    void RegistrosDentroDeRegistrosTemLimite();
     void EscreverRecusaQuebraDeLinhaEForaDaPagina();
     void Colunas();
 
@@ -104,6 +109,28 @@ void TesteArquivos::PastaNaoEArquivo()
     QVERIFY(!ArquivoExiste(QStringLiteral("Figuras")));
     QVERIFY(!ArquivoExiste(QString()));
     QVERIFY(ArquivoExiste(QStringLiteral("figuras\\sub\\ponte nova.bmp")));
+}
+
+void TesteArquivos::NomeComCaracterZeroNaoENenhum()
+{
+    QString Nome = QStringLiteral("igual.txt");
+    QVERIFY(ArquivoExiste(Nome));
+    Nome.insert(5, QChar(u'\0'));
+    QVERIFY(!ArquivoExiste(Nome));
+    QCOMPARE(ResolverNomeDeArquivo(Nome), Nome);
+}
+
+void TesteArquivos::NomesParaGravar()
+{
+    const auto Resolvido = [](const char *Nome) { return ResolverNomeParaGravar(QString::fromUtf8(Nome)); };
+    QCOMPARE(Resolvido("FIGURAS\\sub\\ponte nova.bmp"), QStringLiteral("Figuras/Sub/Ponte Nova.BMP"));
+    QCOMPARE(Resolvido("figuras\\SUB\\Outra.txt"), QStringLiteral("Figuras/Sub/Outra.txt"));
+    QCOMPARE(Resolvido("Nova.txt"), QStringLiteral("Nova.txt"));
+    QCOMPARE(Resolvido("nenhuma\\nova.txt"), QStringLiteral("nenhuma/nova.txt"));
+    QCOMPARE(Resolvido("/nova.txt"), QStringLiteral("/nova.txt"));
+    QCOMPARE(Resolvido(""), QString());
+    GravarArquivoInteiro(QStringLiteral("figuras\\sub\\gravada.txt"), "x");
+    QCOMPARE(BytesDe(QStringLiteral("Figuras/Sub/gravada.txt")), QByteArray("x"));
 }
 
 void TesteArquivos::Relativos_data()
@@ -251,6 +278,19 @@ void TesteArquivos::ALinhaDoErro()
         QFAIL("devia falhar");
     } catch (const EInOutError &E) {
         QCOMPARE(E.Detalhe, QStringLiteral("<x> não é um número inteiro. Arquivo <lib.txt>, linha 3."));
+    }
+}
+
+void TesteArquivos::RegistrosDentroDeRegistrosTemLimite()
+{
+    TArquivoDeLeitura A("1\r\n", QStringLiteral("lib.txt"));
+    std::vector<std::unique_ptr<TArquivoDeLeitura::TNivel>> Niveis;
+    for (int Vez = 0; Vez < 2; ++Vez) { // what was left counts no more
+        for (int I = 0; I < TArquivoDeLeitura::MaiorProfundidade; ++I)
+            Niveis.push_back(std::make_unique<TArquivoDeLeitura::TNivel>(A));
+        QVERIFY_EXCEPTION_THROWN(TArquivoDeLeitura::TNivel{A}, EInOutError);
+        QVERIFY_EXCEPTION_THROWN(TArquivoDeLeitura::TNivel{A}, EInOutError);
+        Niveis.clear();
     }
 }
 

@@ -117,6 +117,7 @@ private Q_SLOTS:
     void PontosDeSetores();
     void AreasDePoligonos();
     void PixelsDePoligonos();
+    void PixelsDeSetores();
     void RetangulosDosElementos();
     void AMargemEntraDosDoisLados();
 };
@@ -228,6 +229,37 @@ void TesteGeometriaDeElementos::PixelsDePoligonos()
                 Canvas.Polyline(Pontos);
         }
         QVERIFY2(Obtida == Esperada, qPrintable(Texto(V) + Texto(Alvo)));
+    }
+}
+
+void TesteGeometriaDeElementos::PixelsDeSetores()
+{
+    TSorteio S;
+    for (int I = 0; I < Voltas / 4; ++I) {
+        const Ref::TSetorDeReferencia R = S.Setor();
+        const int Lado = S.Inteiro(0, 70);
+        const TRect Alvo(5, 7, 5 + Lado, 7 + S.Inteiro(0, 70));
+        const auto Estilo = static_cast<TPenStyle>(S.Inteiro(0, 6));
+        const int Largura = S.Inteiro(1, 3);
+        const auto Setor = Fazer(R);
+        Setor->AtribuirEstiloLinha(Estilo);
+        Setor->AtribuirCorFundo(clLime);
+        QImage Obtida(90, 90, QImage::Format_RGB32);
+        Obtida.fill(Qt::white);
+        QImage Esperada = Obtida;
+        {
+            TCanvas Canvas(Obtida);
+            Canvas.Pen.Width = Largura;
+            Setor->Desenhar(Canvas, Alvo);
+        }
+        {
+            TCanvas Canvas(Esperada);
+            Canvas.Pen = {clBlack, Estilo, Largura};
+            Canvas.Brush = {clLime, TBrushStyle::bsSolid};
+            Canvas.Polygon(Ref::Contorno(R, TSetor::PontosDoContorno, Alvo));
+        }
+        QVERIFY2(Obtida == Esperada, qPrintable(Texto(Ref::Contorno(R, TSetor::PontosDoContorno, Alvo)) +
+                                                QString::number(int(Estilo)) + QString::number(Largura)));
     }
 }
 

@@ -86,9 +86,7 @@ private Q_SLOTS:
     void CopiaFazExatamenteAClasse();
     void CopiarDeOutraClasseERecusado();
 
-    void ModuloComecaUmaVezEParaComOUltimo();
     void ModuloParadoRecusaEDepoisVolta();
-    void InicioQueFalhaNaoComecou();
 };
 
 void TesteListaSimbolo::AcrescentaInsereETira()
@@ -412,29 +410,6 @@ void TesteListaSimbolo::CopiarDeOutraClasseERecusado()
     QCOMPARE(DeComposto->Lista.Count(), 1);
 }
 
-void TesteListaSimbolo::ModuloComecaUmaVezEParaComOUltimo()
-{
-    static int Inicios = 0;
-    static int Fins = 0;
-    TModulo Modulo(
-        "Teste", [] { ++Inicios; }, [] { ++Fins; });
-    Modulo.Parar();
-    QCOMPARE(Fins, 0);
-    Modulo.Iniciar();
-    Modulo.Iniciar();
-    QCOMPARE(Inicios, 1);
-    Modulo.Parar();
-    QVERIFY(Modulo.Iniciado());
-    QCOMPARE(Fins, 0);
-    Modulo.Parar();
-    QVERIFY(!Modulo.Iniciado());
-    QCOMPARE(Fins, 1);
-    Modulo.Iniciar();
-    QCOMPARE(Inicios, 2);
-    Modulo.Parar();
-    QCOMPARE(Fins, 2);
-}
-
 void TesteListaSimbolo::ModuloParadoRecusaEDepoisVolta()
 {
     TModulo &Modulo = ModuloTabelaDeSimbolos();
@@ -449,17 +424,6 @@ void TesteListaSimbolo::ModuloParadoRecusaEDepoisVolta()
     Modulo.Iniciar();
     QCOMPARE(RegistroDeTratadores().Registros().size(), std::size_t{3});
     BitmapDeMedida();
-}
-
-void TesteListaSimbolo::InicioQueFalhaNaoComecou()
-{
-    static int Fins = 0;
-    TModulo Modulo(
-        "Teste", [] { throw EInvalidOperation(QStringLiteral("não")); }, [] { ++Fins; });
-    ErroDe<EInvalidOperation>([&] { Modulo.Iniciar(); });
-    QVERIFY(!Modulo.Iniciado());
-    Modulo.Parar();
-    QCOMPARE(Fins, 0);
 }
 
 QTEST_MAIN(TesteListaSimbolo)

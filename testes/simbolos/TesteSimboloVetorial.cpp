@@ -77,7 +77,6 @@ class TesteSimboloVetorial : public QObject
 
 private Q_SLOTS:
     void initTestCase();
-    void cleanupTestCase();
     void init();
 
     void UmPontoNoMeio();
@@ -122,19 +121,11 @@ private:
 
 void TesteSimboloVetorial::initTestCase()
 {
-    ModuloTabelaDeSimbolos().Iniciar();
-    ModuloSimboloVetorial().Iniciar();
     Testes::CarregarFontes();
     QVERIFY(FPasta.isValid());
     QDir().mkpath(Nome(QStringLiteral("figuras")));
     Testes::EscreverBytes(Nome(QStringLiteral("figuras/alvo.xml")), UmPonto);
     FAntes = QDir::currentPath();
-}
-
-void TesteSimboloVetorial::cleanupTestCase()
-{
-    ModuloSimboloVetorial().Parar();
-    ModuloTabelaDeSimbolos().Parar();
 }
 
 void TesteSimboloVetorial::init()
@@ -365,14 +356,19 @@ void TesteSimboloVetorial::OTipoEstaRegistrado()
 
 void TesteSimboloVetorial::OModuloPodeIniciarDuasVezes()
 {
+    // The package has started it once, when it was loaded.
     ModuloSimboloVetorial().Iniciar();
     ModuloSimboloVetorial().Parar();
     OTipoEstaRegistrado();
-    ModuloSimboloVetorial().Parar();
+    int Usos = 0; // the loaded package is a user of its own
+    for (; ModuloSimboloVetorial().Iniciado(); ++Usos)
+        ModuloSimboloVetorial().Parar();
     TRefTratador Tratador;
     TRefSimbolo Simbolo;
     QVERIFY(!TListaSimbolo::ObterTratadorDeSimbolo(QStringLiteral("Vetorial"), Tratador, Simbolo));
-    ModuloSimboloVetorial().Iniciar();
+    for (; Usos > 0; --Usos)
+        ModuloSimboloVetorial().Iniciar();
+    OTipoEstaRegistrado();
 }
 
 void TesteSimboloVetorial::OPrimeiroRegistroDeUmaLinha()
