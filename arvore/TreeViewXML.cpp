@@ -5,6 +5,7 @@
 #include "arvore/EstiloDeArvore.h"
 #include "arvore/TagsXML.h"
 #include "plataforma/Arquivo.h"
+#include "plataforma/CursorDeTela.h"
 #include "plataforma/Exception.h"
 #include "plataforma/XMLCodificacao.h"
 
@@ -146,13 +147,10 @@ void TTreeViewXML::Ler(const QString &Arquivo, bool Acrescentar)
 
 void TTreeViewXML::AtribuirXML(const TStrings &Lista, QObject *Contexto)
 {
-    // One state, not a stack: put in place of whatever override there is.
-    while (QGuiApplication::overrideCursor() != nullptr)
-        QGuiApplication::restoreOverrideCursor();
-    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    AtribuirCursorDeTela(TCursorDeTela::Ampulheta);
     Items().Clear();
     Atualizar(Lista.Text(), Contexto);
-    QGuiApplication::restoreOverrideCursor();
+    AtribuirCursorDeTela(TCursorDeTela::Padrao);
 }
 
 std::vector<TPreparaAtualizacao *> TTreeViewXML::Atualizacoes() const

@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <memory>
 
 using namespace Sibrel;
 
@@ -66,7 +67,10 @@ QString Escrito(const TSimboloVetorial &Simbolo)
 extern "C" int LLVMFuzzerInitialize(int *Quantos, char ***Argumentos)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    static const QApplication Aplicacao(*Quantos, *Argumentos);
+    // Never destroyed: at the end of the process Qt's own static objects go first.
+    static const QApplication *const Aplicacao =
+        std::make_unique<QApplication>(*Quantos, *Argumentos).release();
+    Exigir(Aplicacao != nullptr);
     return 0;
 }
 

@@ -143,19 +143,25 @@ QString ResolverNomeParaGravar(const QString &Nome)
 
 QByteArray LerArquivoInteiro(const QString &Nome)
 {
-    const QString Mensagem = QStringLiteral("Não foi possível abrir o arquivo <%1>!").arg(Nome);
-    QFile Arquivo(ResolverNomeDeArquivo(Nome));
-    if (QFileInfo(Arquivo).isDir())
-        throw EFOpenError(Mensagem, QStringLiteral("É uma pasta."));
-    if (!Arquivo.open(QIODevice::ReadOnly))
-        throw EFOpenError(Mensagem, Arquivo.errorString() + u'.');
+    const auto Mensagem = [&Nome] {
+        return QStringLiteral("Não foi possível abrir o arquivo <%1>!").arg(Nome);
+    };
+    QFile Arquivo(Nome);
+    if (!Arquivo.open(QIODevice::ReadOnly)) {
+        // The name as it stands is nearly always right: only where it is not is the disk asked more.
+        Arquivo.setFileName(ResolverNomeDeArquivo(Nome));
+        if (QFileInfo(Arquivo).isDir())
+            throw EFOpenError(Mensagem(), QStringLiteral("É uma pasta."));
+        if (!Arquivo.open(QIODevice::ReadOnly))
+            throw EFOpenError(Mensagem(), Arquivo.errorString() + u'.');
+    }
     try {
         QByteArray Bytes = Arquivo.readAll();
         if (Arquivo.error() != QFileDevice::NoError)
-            throw EFOpenError(Mensagem, Arquivo.errorString() + u'.');
+            throw EFOpenError(Mensagem(), Arquivo.errorString() + u'.');
         return Bytes;
     } catch (const std::bad_alloc &) {
-        throw EFOpenError(Mensagem, QStringLiteral("Não há memória para o arquivo."));
+        throw EFOpenError(Mensagem(), QStringLiteral("Não há memória para o arquivo."));
     }
 }
 

@@ -3,6 +3,7 @@
 
 #include "plataforma/Canvas.h"
 #include "plataforma/Exception.h"
+#include "plataforma/Transparencia.h"
 
 #include <QPainter>
 
@@ -25,17 +26,7 @@ const QRgb *LinhaDe(const QImage &Imagem, int Y)
     return reinterpret_cast<const QRgb *>(Imagem.constScanLine(Y));
 }
 
-// The picture with every pixel of the bottom-left pixel's colour see-through.
-QImage ComCorTransparente(const QImage &Opaca)
-{
-    const QRgb Chave = Opaca.pixel(0, Opaca.height() - 1) | 0xFF000000U;
-    QImage Resultado = Opaca.convertToFormat(QImage::Format_ARGB32_Premultiplied);
-    for (int Y = 0; Y < Resultado.height(); ++Y) {
-        QRgb *Linha = LinhaDe(Resultado, Y);
-        std::replace(Linha, Linha + Resultado.width(), Chave, QRgb{0});
-    }
-    return Resultado;
-}
+constexpr QRgb Opaco = 0xFF000000U;
 
 // The picture as it looks on paper: what it lets through is light.
 QImage SobreBranco(const QImage &Imagem)
@@ -163,7 +154,7 @@ QImage TBitmap::Preparada(QSize Tamanho) const
         return {};
     QImage Pronta = Imagem();
     if (!Pronta.hasAlphaChannel() && Transparent())
-        Pronta = ComCorTransparente(Pronta);
+        Pronta = SemACor(Pronta, Pronta.pixel(0, Pronta.height() - 1) | Opaco); // the bottom-left pixel's
     return Pronta.size() == Tamanho ? Pronta : EsticadaSemSuavizar(Pronta, Tamanho);
 }
 

@@ -61,10 +61,10 @@ struct TBrush {
 };
 
 /// How drawn pictures meet what is there; the values are the raster operation codes of the original drawings.
-/// On 32-bit surfaces they are exact; one with an alpha channel stays see-through where a mode leaves it as
-/// it is. A surface without pixels (a printer, a recording) gets white under cmSrcAnd and black under
-/// cmSrcPaint left out, which is the same for pictures of black and one colour; the other modes copy the
-/// picture there.
+/// On opaque 32-bit surfaces they are exact. A surface with an alpha channel, and one without pixels (a
+/// printer, a recording), gets white under cmSrcAnd and black under cmSrcPaint left out, so that it stays
+/// see-through there: the same for a silhouette of black and one colour. Without pixels the other modes copy
+/// the picture.
 enum class TCopyMode : std::uint32_t {
     cmSrcCopy = 0x00CC0020,   ///< the picture, by its transparency
     cmDstInvert = 0x00550009, ///< not destination

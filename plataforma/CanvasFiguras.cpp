@@ -2,9 +2,11 @@
 // The pictures that a canvas draws: pixel on pixel where the surface has pixels, and by the copy mode.
 #include "plataforma/Canvas.h"
 #include "plataforma/Graphic.h"
+#include "plataforma/Transparencia.h"
 
 #include <QPaintEngine>
 #include <QPainter>
+#include <QPixmap>
 
 #include <algorithm>
 #include <cmath>
@@ -34,21 +36,26 @@ QRect EmPixels(const QTransform &ParaOAparelho, const QRect &Area)
     return {Canto, QSize(Lado(Exata.right()) - Canto.x(), Lado(Exata.bottom()) - Canto.y())};
 }
 
-// The picture with every pixel of one colour see-through.
-QImage SemACor(const QImage &Imagem, QRgb Cor)
-{
-    QImage Resultado = Imagem.convertToFormat(QImage::Format_ARGB32_Premultiplied);
-    for (int Y = 0; Y < Resultado.height(); ++Y) {
-        auto *Linha = reinterpret_cast<QRgb *>(Resultado.scanLine(Y));
-        std::replace(Linha, Linha + Resultado.width(), Cor, QRgb{0});
-    }
-    return Resultado;
-}
-
 constexpr QRgb Preto = 0xFF000000U;
 constexpr QRgb Branco = 0xFFFFFFFFU;
 
-// A surface without raster operations gets the picture without the pixels that would leave it as it is.
+// On an opaque surface raster operations are exact; what is see-through in another they would make opaque.
+bool Opaca(const QPainter &P)
+{
+    const QPaintDevice *Aparelho = P.paintEngine()->paintDevice();
+    switch (Aparelho->devType()) {
+    case QInternal::Image:
+        return !static_cast<const QImage *>(Aparelho)->hasAlphaChannel();
+    case QInternal::Pixmap:
+        return !static_cast<const QPixmap *>(Aparelho)->hasAlphaChannel();
+    default:
+        return false;
+    }
+}
+
+// The picture without the pixels that would leave the surface as it is: drawn as it then is, a picture of
+// white and black under "and", or of black and one colour over the black hole of the former under "or", gives
+// what the operation gives.
 QImage SemOQueNaoMuda(const QImage &Imagem, TCopyMode Modo)
 {
     switch (Modo) {
@@ -59,6 +66,12 @@ QImage SemOQueNaoMuda(const QImage &Imagem, TCopyMode Modo)
     default:
         return Imagem;
     }
+}
+
+bool SoMudaPorTransparencia(const QPainter &P, TCopyMode Modo)
+{
+    const bool EOuOu = Modo == TCopyMode::cmSrcAnd || Modo == TCopyMode::cmSrcPaint;
+    return Modo == TCopyMode::cmSrcCopy || !TemPixels(P) || (EOuOu && !Opaca(P));
 }
 
 void DesenharSob(QPainter &P, QPainter::CompositionMode Modo, const QRect &Area, const QImage &Imagem)
@@ -88,8 +101,9 @@ void TCanvas::StretchDraw(const TRect &Area, const TGraphic &Grafico)
 {
     if (Area.Width() == 0 || Area.Height() == 0 || Grafico.Empty())
         return;
-    const QRect Alvo(std::min(Area.Left, Area.Right), std::min(Area.Top, Area.Bottom),
-                     static_cast<int>(std::abs(Area.Width())), static_cast<int>(std::abs(Area.Height())));
+    const QRect Alvo = TRect(std::min(Area.Left, Area.Right), std::min(Area.Top, Area.Bottom),
+                             std::max(Area.Left, Area.Right), std::max(Area.Top, Area.Bottom))
+                           .ParaQRect();
     const bool ComPixels = DensidadeDePixels().has_value();
     const QTransform ParaOAparelho = Pintor().deviceTransform();
     const QRect Fisica = ComPixels ? EmPixels(ParaOAparelho, Alvo) : QRect();
@@ -112,7 +126,7 @@ void TCanvas::StretchDraw(const TRect &Area, const TGraphic &Grafico)
 
 void TCanvas::DrawComModo(QPainter &P, const QRect &Area, const QImage &Imagem)
 {
-    if (CopyMode == TCopyMode::cmSrcCopy || !TemPixels(P)) {
+    if (SoMudaPorTransparencia(P, CopyMode)) {
         P.drawImage(QRectF(Area), SemOQueNaoMuda(Imagem, CopyMode), QRectF(Imagem.rect()));
         return;
     }
@@ -128,8 +142,7 @@ void TCanvas::DrawComModo(QPainter &P, const QRect &Area, const QImage &Imagem)
         DesenharSob(P, QPainter::RasterOp_SourceAndDestination, Area, Imagem);
         break;
     case TCopyMode::cmSrcPaint:
-        // Black adds nothing, so it must not make a see-through surface opaque either.
-        DesenharSob(P, QPainter::RasterOp_SourceOrDestination, Area, SemACor(Imagem, Preto));
+        DesenharSob(P, QPainter::RasterOp_SourceOrDestination, Area, Imagem);
         break;
     case TCopyMode::cmSrcInvert:
         DesenharSob(P, QPainter::RasterOp_SourceXorDestination, Area, Imagem);

@@ -45,7 +45,8 @@ int EmDaCelula(QFont Fonte, int Celula)
     const double CelulaDaReferencia = QFontMetricsF(Fonte).height();
     if (!(CelulaDaReferencia > 0))
         return Celula;
-    return static_cast<int>(std::floor(Celula * Referencia / CelulaDaReferencia));
+    const double Em = std::floor(static_cast<double>(Celula) * Referencia / CelulaDaReferencia);
+    return static_cast<int>(std::min(Em, static_cast<double>(MaiorEm)));
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include <QPoint>
 #include <QRect>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <limits>
@@ -59,10 +60,14 @@ struct TRect {
     constexpr std::int64_t Height() const noexcept { return std::int64_t{Bottom} - Top; }
     /// True when there is no pixel inside.
     constexpr bool Vazio() const noexcept { return Right <= Left || Bottom <= Top; }
-    /// The same pixels as a QRect.
+    /// The same pixels as a QRect. Sides beyond 2^30 are cut there: the width must fit an int.
     constexpr QRect ParaQRect() const noexcept
     {
-        return {Left, Top, static_cast<int>(Width()), static_cast<int>(Height())};
+        constexpr std::int32_t Limite = 1 << 30;
+        const auto Cortado = [](std::int32_t V) { return std::clamp(V, -Limite, Limite - 1); };
+        const std::int32_t X = Cortado(Left);
+        const std::int32_t Y = Cortado(Top);
+        return {X, Y, Cortado(Right) - X, Cortado(Bottom) - Y};
     }
     friend constexpr bool operator==(const TRect &, const TRect &) noexcept = default;
 };

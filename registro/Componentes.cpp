@@ -2,6 +2,7 @@
 #include "registro/Componentes.h"
 
 #include "arvore/TreeViewXML.h"
+#include "arvore/TreeViewXMLBD.h"
 #include "simbolos/SimboloImagem.h"
 #include "simbolos/TabelaDeSimbolos.h"
 #include "simbolos/TabelaDeSimbolosBD.h"
@@ -42,6 +43,12 @@ constexpr std::array Componentes = {
                         u"Árvore de objetos descrita em XML",
                         true,
                         &Novo<TTreeViewXML>,
+                        {}},
+    TComponenteDoPacote{QLatin1String("TTreeViewXMLBD"),
+                        QLatin1String("arvore/TreeViewXMLBD.h"),
+                        u"Árvore de objetos montada de tabelas de um banco de dados",
+                        true,
+                        &Novo<TTreeViewXMLBD>,
                         {}},
 };
 

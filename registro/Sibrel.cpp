@@ -5,6 +5,7 @@
 #include "arvore/TagsXML.h"
 #include "arvore/TreeNodeXML.h"
 #include "arvore/TreeViewXML.h"
+#include "arvore/TreeViewXMLBD.h"
 #include "simbolos/SimboloImagem.h"
 #include "simbolos/SimboloVetorial.h"
 #include "simbolos/TabelaDeSimbolos.h"
@@ -21,8 +22,7 @@ std::span<TModulo *const> ModulosDoPacote() noexcept
     static const std::array Modulos = {
         &ModuloTabelaDeSimbolos(),    &ModuloSimboloImagem(), &ModuloTabelaDeSimbolosBD(),
         &ModuloSimboloVetorial(),     &ModuloTagsXML(),       &ModuloTreeNodeXML(),
-        &ModuloPrepararAtualizacao(), &ModuloTreeViewXML(),
-    };
+        &ModuloPrepararAtualizacao(), &ModuloTreeViewXML(),   &ModuloTreeViewXMLBD()};
     return Modulos;
 }
 

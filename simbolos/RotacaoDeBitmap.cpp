@@ -28,12 +28,12 @@ std::optional<QPoint> PixelDeOrigem(const QImage &Origem, std::int32_t DX, std::
     return Origem.valid(P) ? std::optional(P) : std::nullopt;
 }
 
-// The part of one side, of `Tamanho` pixels, that a turned picture of that radius can reach.
-std::pair<std::int32_t, std::int32_t> Alcancado(std::int64_t Tamanho, int Raio)
+// The part of one side, of `Tamanho` pixels, that a turned picture of that radius can reach. In 64 bits: a
+// side may be longer than a coordinate reaches.
+std::pair<std::int64_t, std::int64_t> Alcancado(std::int64_t Tamanho, int Raio)
 {
     const std::int64_t Centro = Tamanho / 2;
-    return {static_cast<std::int32_t>(std::max<std::int64_t>(0, Centro - Raio)),
-            static_cast<std::int32_t>(std::min<std::int64_t>(Tamanho, Centro + Raio + 1))};
+    return {std::max<std::int64_t>(0, Centro - Raio), std::min<std::int64_t>(Tamanho, Centro + Raio + 1)};
 }
 
 } // namespace
@@ -48,24 +48,25 @@ void DesenharRotacionada(TCanvas &Canvas, const TRect &Rect, const QImage &Orige
     const int Raio = static_cast<int>(std::ceil(std::hypot(Origem.width(), Origem.height()) / 2)) + 2;
     const auto [X0, X1] = Alcancado(Rect.Width(), Raio);
     const auto [Y0, Y1] = Alcancado(Rect.Height(), Raio);
-    const auto CX = static_cast<std::int32_t>(Rect.Width() / 2);
-    const auto CY = static_cast<std::int32_t>(Rect.Height() / 2);
+    // Offsets of the reached part's corner from the centre, which are within the radius.
+    const auto DX0 = static_cast<std::int32_t>(X0 - Rect.Width() / 2);
+    const auto DY0 = static_cast<std::int32_t>(Y0 - Rect.Height() / 2);
     const QRgb Vazada = Transparente.ParaRgb() & SemAlfa;
 
-    QImage Pronta(X1 - X0, Y1 - Y0, QImage::Format_ARGB32_Premultiplied);
+    QImage Pronta(static_cast<int>(X1 - X0), static_cast<int>(Y1 - Y0), QImage::Format_ARGB32_Premultiplied);
     Pronta.fill(Qt::transparent);
-    for (std::int32_t Y = Y0; Y < Y1; ++Y) {
-        auto *Linha = reinterpret_cast<QRgb *>(Pronta.scanLine(Y - Y0));
-        for (std::int32_t X = X0; X < X1; ++X) {
-            const std::optional<QPoint> De = PixelDeOrigem(Origem, X - CX, Y - CY, Angulo);
+    for (int Y = 0; Y < Pronta.height(); ++Y) {
+        auto *Linha = reinterpret_cast<QRgb *>(Pronta.scanLine(Y));
+        for (int X = 0; X < Pronta.width(); ++X) {
+            const std::optional<QPoint> De = PixelDeOrigem(Origem, DX0 + X, DY0 + Y, Angulo);
             if (!De)
                 continue;
             const QRgb Pixel = Origem.pixel(*De) & SemAlfa;
             if (Pixel != Vazada)
-                Linha[X - X0] = Pixel | ~SemAlfa;
+                Linha[X] = Pixel | ~SemAlfa;
         }
     }
-    Canvas.DesenharPreparada(Rect.Left + X0, Rect.Top + Y0, Pronta);
+    Canvas.DesenharPreparada(static_cast<int>(Rect.Left + X0), static_cast<int>(Rect.Top + Y0), Pronta);
 }
 
 } // namespace Sibrel

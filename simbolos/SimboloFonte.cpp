@@ -8,9 +8,22 @@
 
 #include <algorithm>
 #include <bit>
+#include <limits>
 
 namespace Sibrel
 {
+
+namespace
+{
+
+// A coordinate moved, kept within what a coordinate can be: rectangles stand at the very limits too.
+int Deslocada(std::int64_t Coordenada, int Quanto) noexcept
+{
+    using TLimites = std::numeric_limits<std::int32_t>;
+    return static_cast<int>(std::clamp<std::int64_t>(Coordenada + Quanto, TLimites::min(), TLimites::max()));
+}
+
+} // namespace
 
 TSimboloFonte::TSimboloFonte() = default;
 TSimboloFonte::~TSimboloFonte() = default;
@@ -67,8 +80,8 @@ void TSimboloFonte::DesenharDireto(TCanvas &Canvas, const TRect &Rect) const
     Canvas.Brush.Style = TBrushStyle::bsClear;
     Canvas.TextAlign = TA_TOP | TA_LEFT;
     const QString Glifo = QString(Fonte.TextoDoCodigo(Caracter));
-    const int X = Rect.Left + (Largura - Canvas.TextWidth(Glifo)) / 2;
-    const int Y = Rect.Top + (Altura - Canvas.TextHeight(Glifo)) / 2;
+    const int X = Deslocada(Rect.Left, (Largura - Canvas.TextWidth(Glifo)) / 2);
+    const int Y = Deslocada(Rect.Top, (Altura - Canvas.TextHeight(Glifo)) / 2);
     Canvas.TextRect(Rect, X, Y, Glifo);
     Canvas.Font = FonteAntes;
     Canvas.Brush = BrushAntes;

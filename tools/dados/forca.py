@@ -99,7 +99,7 @@ class Forca:
         b.informacoes["Codinome"] = ('"Águia" & "Falcão"', "Jacaré <rio>", "Tatu-bola")[numero - 1]
         self.unidade(b, "Posto", f"PC {nome[:2]} Bda", "Posto de comando", f"{c}.PC")
         for i in range(3):
-            self._batalhao(b, f"{base + i}º Batalhão", arma, f"{c}.{base + i}")
+            self.batalhao(b, f"{base + i}º Batalhão", arma, f"{c}.{base + i}")
         g = self.unidade(b, "Batalhao", f"{base + 5}º Grupo de Artilharia", "Artilharia de campanha", f"{c}.GA")
         for i in range(1, 4):
             self.unidade(g, "Companhia", f"{i}ª Bateria de Obuses", "Artilharia de campanha", f"{c}.GA.{i}")
@@ -111,7 +111,7 @@ class Forca:
                 self.unidade(cia, "Pelotao", f"{i}º Pelotão", simbolo, f"{c}.{sigla}.P{i}")
         self._logistica(b, c, base)
 
-    def _batalhao(self, b, nome, arma, c):
+    def batalhao(self, b, nome, arma, c):
         bat = self.unidade(b, "Batalhao", nome, arma, c)
         self.unidade(bat, "Posto", "Posto de Observação", "Posto de observação", f"{c}.PO")
         for i in range(1, 5):
