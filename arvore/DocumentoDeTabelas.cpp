@@ -21,7 +21,7 @@ union TSemFim {
         : Linhas()
     {
     }
-    ~TSemFim() {}
+    ~TSemFim() {} // NOLINT(modernize-use-equals-default): a defaulted one would be deleted
 };
 
 constinit TSemFim Guardadas;
