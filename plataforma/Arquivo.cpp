@@ -130,7 +130,7 @@ QString CaminhoRelativo(const QString &Pasta, const QString &Nome)
 
 QString ResolverNomeParaGravar(const QString &Nome)
 {
-    const QString Existente = ResolverNomeDeArquivo(Nome);
+    QString Existente = ResolverNomeDeArquivo(Nome);
     if (QFileInfo::exists(Existente))
         return Existente;
     const QString Pasta = PastaDe(Nome);

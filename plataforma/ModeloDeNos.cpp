@@ -174,6 +174,7 @@ void TModeloDeNos::Retirar(const std::vector<TTreeNode *> &Nos)
     }
     // The rows move as runs go: each is found again by its first node.
     std::vector<std::pair<TTreeNode *, int>> Comecos;
+    Comecos.reserve(Todos.size());
     for (const TTrecho &T : Todos)
         Comecos.emplace_back(FilhosPublicados(T.Pai)[static_cast<std::size_t>(T.Primeira)],
                              T.Ultima - T.Primeira);

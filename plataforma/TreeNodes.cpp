@@ -59,7 +59,7 @@ TTreeNode *TTreeNodes::AddNode(std::unique_ptr<TTreeNode> Novo, TTreeNode *Pai)
         No->Marcar(TTreeNode::PorInserir);
     }
     // From here on nothing raises: the node is in the tree and in the list, or in neither.
-    Novo.release();
+    static_cast<void>(Novo.release());
     No->FPai = Pai;
     No->FAnterior = Irmaos.Ultimo;
     (Irmaos.Ultimo != nullptr ? Irmaos.Ultimo->FProximo : Irmaos.Primeiro) = No;

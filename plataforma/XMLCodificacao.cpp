@@ -133,7 +133,8 @@ QByteArrayView CodificacaoDeclarada(QByteArrayView Bytes) noexcept
     const std::size_t Fim = Declaracao.find(Declaracao[Posicao], Posicao + 1);
     if (Fim == Declaracao.npos)
         return {};
-    return Bytes.sliced(static_cast<qsizetype>(Posicao + 1), static_cast<qsizetype>(Fim - Posicao - 1));
+    return Bytes.sliced(static_cast<qsizetype>(Posicao) + 1,
+                        static_cast<qsizetype>(Fim) - static_cast<qsizetype>(Posicao) - 1);
 }
 
 QByteArray Utf8DeBytes(QByteArrayView Bytes)
