@@ -178,8 +178,11 @@ TXMLDocument::TReferencia TXMLDocument::DeBytes(QByteArrayView Bytes)
 
 TXMLDocument::TReferencia TXMLDocument::DeArquivo(const QString &Nome)
 {
-    const QString Arquivo = ResolverNomeDeArquivo(Nome);
-    return AnalisarXML(Utf8DeBytes(LerArquivoInteiro(Arquivo)), QFileInfo(Arquivo).absolutePath());
+    const QByteArray Utf8 = Utf8DeBytes(LerArquivoInteiro(Nome));
+    // Only a DTD names other files: the disk is asked for the folder when there may be one.
+    const QString Pasta =
+        Utf8.contains("<!DOCTYPE") ? QFileInfo(ResolverNomeDeArquivo(Nome)).absolutePath() : QString();
+    return AnalisarXML(Utf8, Pasta);
 }
 
 void TXMLDocument::AtribuirPastaDeEntidades(const QString &Pasta)

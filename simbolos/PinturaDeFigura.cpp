@@ -239,7 +239,7 @@ std::optional<TChaveDePintura> TPinturaDeFigura::Chave(const TResumo &Resumo, TC
         return std::nullopt;
     const TEncaixe Encaixe = NoLugar(Resumo, Rect);
     const auto Posicao = [&Rect](std::int32_t Modulo) {
-        return static_cast<std::uint64_t>((Rect.Left % Modulo) * Modulo + Rect.Top % Modulo);
+        return static_cast<std::uint64_t>(std::int64_t{Rect.Left % Modulo} * Modulo + Rect.Top % Modulo);
     };
     TChaveDePintura Chave;
     Chave.Conteudo = Resumo.Selo;

@@ -133,8 +133,9 @@ private:
             return [&Angulo, Passo](int K) { return K == 0 ? Angulo : Angulo += Passo; };
         };
         if (FSetor.FRaioMenor > 0) {
-            const double Passo = Volta / (FQuantos / 2 - 1);
-            TracarArco(FQuantos / 2, FMenor, Passo, Seguinte(Passo));
+            const int Metade = FQuantos / 2;
+            const double Passo = Volta / (Metade - 1);
+            TracarArco(Metade, FMenor, Passo, Seguinte(Passo));
         }
         const double Passo = -(Volta / (FQuantos - FProximo - 1));
         Angulo = FSetor.FAngF;
@@ -148,9 +149,9 @@ private:
             if (FQuantos > 0)
                 Por(FCentro);
         } else {
-            const double Passo = Abertura / (FQuantos / 2 - 1);
-            TracarArco(FQuantos / 2, FMenor, Passo,
-                       [this, Passo](int K) { return FSetor.FAngI + K * Passo; });
+            const int Metade = FQuantos / 2;
+            const double Passo = Abertura / (Metade - 1);
+            TracarArco(Metade, FMenor, Passo, [this, Passo](int K) { return FSetor.FAngI + K * Passo; });
         }
         const double Passo = Abertura / (FQuantos - FProximo - 1);
         TracarArco(FQuantos, FMaior, -Passo, [this, Passo](int K) { return FSetor.FAngF - K * Passo; });
