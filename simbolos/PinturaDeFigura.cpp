@@ -25,8 +25,8 @@ constexpr int Margem = 3;
 // Smaller rectangles turn the figure around; and their pictures save nothing.
 constexpr std::int64_t MenorRetangulo = 8;
 // Texts may stand far from the rectangle: beyond this area the picture costs more than the drawing.
-constexpr std::int64_t MaiorAlcance = std::int64_t{256} * 256;
-constexpr std::int64_t VezesORetangulo = 4;
+constexpr double MaiorAlcance = 256.0 * 256.0;
+constexpr double VezesORetangulo = 4;
 constexpr std::int32_t PeriodoDaHachura = 8; // logical pixels of a brush pattern
 constexpr int MaiorCaneta = 0xFFF;
 
@@ -214,8 +214,11 @@ void TPinturaDeFigura::Resumir(TResumo &Resumo, const TListaElementosGraficos &E
         Resumo.Linhas = Deslocado(*Linhas, -std::int64_t{Rect.Left}, -std::int64_t{Rect.Top});
     Resumo.Coordenadas =
         Deslocado(Uniao(Resumo.Todos.Alcance, Lados), -std::int64_t{Rect.Left}, -std::int64_t{Rect.Top});
-    if (Resumo.Alcance.Width() * Resumo.Alcance.Height() >
-        std::max(MaiorAlcance, VezesORetangulo * Rect.Width() * Rect.Height()))
+    // In floating point: the sides may be as long as coordinates reach.
+    const auto Tamanho = [](const TRect &R) {
+        return static_cast<double>(R.Width()) * static_cast<double>(R.Height());
+    };
+    if (Tamanho(Resumo.Alcance) > std::max(MaiorAlcance, VezesORetangulo * Tamanho(Rect)))
         Resumo.Lembravel = false;
 }
 
