@@ -1,4 +1,8 @@
 # SPDX-License-Identifier: LGPL-2.1-or-later
+# What every test's environment says to the sanitizers.
+set(SIBREL_AMBIENTE_DE_SANITIZADORES
+  "ASAN_OPTIONS=detect_leaks=1;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/testes/lsan.supp;TSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/testes/tsan.supp")
+
 # All that ThreadSanitizer has to see, so that its preset need not build and run the rest.
 add_custom_target(testes_com_threads)
 
@@ -13,7 +17,7 @@ function(sibrel_teste nome)
   endif()
   add_test(NAME ${nome} COMMAND ${nome})
   set_tests_properties(${nome} PROPERTIES TIMEOUT 600 ENVIRONMENT
-    "QT_QPA_PLATFORM=offscreen;QT_STYLE_OVERRIDE=Fusion;LC_ALL=C.UTF-8;ASAN_OPTIONS=detect_leaks=1;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/testes/lsan.supp;TSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/testes/tsan.supp"
+    "QT_QPA_PLATFORM=offscreen;QT_STYLE_OVERRIDE=Fusion;LC_ALL=C.UTF-8;${SIBREL_AMBIENTE_DE_SANITIZADORES}"
     ENVIRONMENT_MODIFICATION "QT_FONT_DPI=unset:;QT_SCALE_FACTOR=unset:")
   if(arg_THREADS)
     add_dependencies(testes_com_threads ${nome})
