@@ -11,6 +11,7 @@
 #include <cmath>
 #include <memory>
 #include <utility>
+#include <vector>
 
 namespace Sibrel
 {
@@ -29,8 +30,45 @@ struct TPintura {
     TPoint Deslocamento; // from the rectangle's corner, logical pixels
 };
 
+// A picture found lately, by a slot computed from its key. It spares the cache's own bookkeeping, whose
+// linked list costs more than the search; a shortcut counts only while nothing was put in or thrown out
+// since.
+struct TAtalho {
+    TChaveDePintura Chave;
+    const TPintura *Pintura = nullptr;
+    std::uint64_t Epoca = 0;
+};
+
 struct TEstado {
+    const TPintura *Procurar(const TChaveDePintura &Chave)
+    {
+        constexpr std::uint64_t Espalhador = 0x9E3779B97F4A7C15U; // the golden ratio's bits
+        const std::uint64_t Mistura = (Chave.Conteudo ^ Chave.Cor) + Chave.Variante +
+                                      static_cast<std::uint64_t>(Chave.Largura) * 31U + Chave.Codigo;
+        TAtalho &Atalho = Atalhos[static_cast<std::size_t>((Mistura * Espalhador) >> BitsForaDoAtalho)];
+        if (Atalho.Epoca != Epoca || Atalho.Chave != Chave)
+            Atalho = {Chave, Pinturas.object(Chave), Epoca};
+        return Atalho.Pintura;
+    }
+
+    void Guardar(const TChaveDePintura &Chave, std::unique_ptr<TPintura> Pintura, qsizetype Custo)
+    {
+        ++Epoca;
+        Pinturas.insert(Chave, Pintura.release(), Custo); // the cache owns it from here
+    }
+
+    void Esvaziar()
+    {
+        ++Epoca;
+        Pinturas.clear();
+    }
+
+    static constexpr int BitsDoAtalho = 12;
+    static constexpr int BitsForaDoAtalho = 64 - BitsDoAtalho;
+
     QCache<TChaveDePintura, TPintura> Pinturas{TCacheDePinturas::BytesMaximos};
+    std::vector<TAtalho> Atalhos = std::vector<TAtalho>(std::size_t{1} << BitsDoAtalho);
+    std::uint64_t Epoca = 1;
     std::uint64_t Preparadas = 0;
     std::uint64_t GeracaoDasFontes = 0;
 };
@@ -42,7 +80,7 @@ constinit TEstado *Lembradas = nullptr;
 void AcompanharFontes(TEstado &E)
 {
     if (const std::uint64_t Geracao = GeracaoDasFontes(); Geracao != E.GeracaoDasFontes) {
-        E.Pinturas.clear();
+        E.Esvaziar();
         E.GeracaoDasFontes = Geracao;
     }
 }
@@ -138,7 +176,7 @@ bool DesenharLembrada(TCanvas &Canvas, const TRect &Rect, const TPinturaPedida &
         return false;
     TEstado &E = *Lembradas;
     AcompanharFontes(E);
-    const TPintura *Pintura = E.Pinturas.object(Pedida.Chaves.front());
+    const TPintura *Pintura = E.Procurar(Pedida.Chaves.front());
     if (Pintura == nullptr || !MesmasDependencias(*Pintura, Pedida)) {
         const double Densidade = Pedida.Chaves.front().Densidade;
         const double Largura = std::ceil(static_cast<double>(Pedida.Alcance.Width()) * Densidade);
@@ -159,7 +197,7 @@ bool DesenharLembrada(TCanvas &Canvas, const TRect &Rect, const TPinturaPedida &
         const qsizetype Custo = Nova->Imagem.sizeInBytes() + qsizetype{sizeof(TPintura)} +
                                 Nova->Dependencias.size() * qsizetype{sizeof(TChaveDePintura)};
         Pintura = Nova.get();
-        E.Pinturas.insert(Pedida.Chaves.front(), Nova.release(), Custo); // the cache owns it from here
+        E.Guardar(Pedida.Chaves.front(), std::move(Nova), Custo);
     }
     if (!Pintura->Imagem.isNull())
         Canvas.DesenharPreparada(Rect.Left + Pintura->Deslocamento.X, Rect.Top + Pintura->Deslocamento.Y,
@@ -194,7 +232,7 @@ std::uint64_t TCacheDePinturas::Preparadas() noexcept
 void TCacheDePinturas::Esvaziar() noexcept
 {
     if (Lembradas != nullptr)
-        Lembradas->Pinturas.clear();
+        Lembradas->Esvaziar();
 }
 
 } // namespace Sibrel
