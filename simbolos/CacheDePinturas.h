@@ -46,7 +46,8 @@ SIBREL_EXPORT bool DesenharLembrada(TCanvas &Canvas, const TRect &Rect, const TP
 
 /// Limits and state of what is remembered, for hosts that want to know and for tests.
 struct SIBREL_EXPORT TCacheDePinturas {
-    /// The most that all pictures together take; the one least recently drawn goes first.
+    /// The most that all pictures together take; the one least recently searched for
+    /// goes first. Drawing again while nothing new was prepared does not count as a search.
     static constexpr qsizetype BytesMaximos = qsizetype{32} * 1024 * 1024;
     /// A picture that takes more than this, its keys included, is drawn directly each time.
     static constexpr qsizetype BytesDeUma = qsizetype{4} * 1024 * 1024;
