@@ -16,7 +16,8 @@ class SIBREL_EXPORT TElementoTracado : public IElementoGrafico
 public:
     ~TElementoTracado() override;
 
-    /// False in a new element. See there for what it means.
+    /// False in a new element. An open polygon is a line and is not filled; a sector is always filled, and a
+    /// closed slice without an inner radius begins in its centre.
     bool Fechado() const noexcept { return FFechado; }
     void AtribuirFechado(bool Fechado) { Mudar(FFechado, Fechado); }
     /// Black in a new element.
