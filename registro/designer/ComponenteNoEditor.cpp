@@ -4,6 +4,8 @@
 #include "plataforma/Component.h"
 #include "registro/designer/FolhaDePropriedades.h"
 
+#include <memory>
+
 namespace Sibrel
 {
 
@@ -67,8 +69,40 @@ void TComponenteNoEditor::initialize(QDesignerFormEditorInterface *Editor)
         return;
     FIniciado = true;
     TComponent::AtribuirEmProjeto(true);
-    if (!FComponente.SempreGuardadas.empty())
-        RegistrarFolhaDePropriedades(*Editor, name(), FComponente.SempreGuardadas);
+    RegistrarFolhaDePropriedades(*Editor, name(), FComponente);
+}
+
+// What the editor is told of a property beyond its type.
+QString TComponenteNoEditor::Especificacoes() const
+{
+    QString Texto;
+    for (const TPropriedadePublicada &P : FComponente.Propriedades) {
+        Texto += QStringLiteral("<tooltip name=\"%1\">%2</tooltip>")
+                     .arg(P.Nome, QString::fromUtf16(P.Dica).toHtmlEscaped());
+        if (P.NomeNoDocumento)
+            Texto +=
+                QStringLiteral("<stringpropertyspecification name=\"%1\" type=\"singleline\" notr=\"true\"/>")
+                    .arg(P.Nome);
+    }
+    return Texto;
+}
+
+// A text that the editor was never given counts as one to be translated: names in documents are given from
+// the beginning.
+QString TComponenteNoEditor::ValoresIniciais() const
+{
+    QString Texto;
+    std::unique_ptr<QWidget> Novo;
+    for (const TPropriedadePublicada &P : FComponente.Propriedades) {
+        if (!P.NomeNoDocumento)
+            continue;
+        if (!Novo)
+            Novo.reset(FComponente.Criar(nullptr));
+        Texto +=
+            QStringLiteral("<property name=\"%1\" stdset=\"0\"><string notr=\"true\">%2</string></property>")
+                .arg(P.Nome, Novo->property(P.Nome.data()).toString().toHtmlEscaped());
+    }
+    return Texto;
 }
 
 QString TComponenteNoEditor::domXml() const
@@ -76,7 +110,11 @@ QString TComponenteNoEditor::domXml() const
     // The object's name begins like those that the editor itself proposes: small first letter, no prefix.
     QString Nome = QString(FComponente.Classe).sliced(1);
     Nome[0] = Nome[0].toLower();
-    return QStringLiteral("<ui language=\"c++\"><widget class=\"%1\" name=\"%2\"/></ui>").arg(name(), Nome);
+    return QStringLiteral(
+               "<ui language=\"c++\" displayname=\"%3\"><widget class=\"%1\" name=\"%2\">%5</widget>"
+               "<customwidgets><customwidget><class>%1</class><propertyspecifications>%4"
+               "</propertyspecifications></customwidget></customwidgets></ui>")
+        .arg(name(), Nome, FComponente.Classe, Especificacoes(), ValoresIniciais());
 }
 
 } // namespace Sibrel
