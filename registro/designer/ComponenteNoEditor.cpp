@@ -4,10 +4,25 @@
 #include "plataforma/Component.h"
 #include "registro/designer/FolhaDePropriedades.h"
 
+#include <QFile>
+
 #include <memory>
 
 namespace Sibrel
 {
+
+namespace
+{
+
+// Without a picture of its own a component has the one that the editor's palette shows for it.
+QIcon IconeNoFormulario(const TComponenteDoPacote &Componente)
+{
+    const QIcon Proprio = Componente.Icone();
+    const QString DoEditor = QStringLiteral(":/qt-project.org/formeditor/images/qtlogo24x24.png");
+    return Proprio.isNull() && QFile::exists(DoEditor) ? QIcon(DoEditor) : Proprio;
+}
+
+} // namespace
 
 TComponenteNoEditor::TComponenteNoEditor(const TComponenteDoPacote &Componente, QObject *Dono)
     : QObject(Dono)
@@ -54,7 +69,7 @@ QWidget *TComponenteNoEditor::createWidget(QWidget *Pai)
 {
     QWidget *Novo = FComponente.Criar(Pai);
     if (auto *SemImagem = qobject_cast<TComponent *>(Novo))
-        SemImagem->AtribuirIcone(FComponente.Icone());
+        SemImagem->AtribuirIcone(IconeNoFormulario(FComponente));
     return Novo;
 }
 

@@ -80,6 +80,7 @@ private Q_SLOTS:
     void NomesDeDocumentoNaoSeTraduzem();
     void OCarregadorDeFormularios();
     void IconeNoEditorNadaNaExecucao();
+    void ImagemVaziaTemContornoSoNoEditor();
 };
 
 void TesteDesigner::OsComponentesDaPagina()
@@ -348,6 +349,12 @@ void TesteDesigner::IconeNoEditorNadaNaExecucao()
             for (int X = 0; X < 24; ++X)
                 Iguais += Visto.pixelColor(X + 2, Y + 2) == Icone.pixelColor(X, Y) ? 1 : 0;
         QVERIFY2(Iguais > 24 * 24 * 9 / 10, qPrintable(QString::number(Iguais)));
+        // One without a picture of its own has the editor's, as on the palette.
+        QWidget *Outro = Editor.Abrir(Formulario(QStringLiteral("TTabelaDeSimbolosBD")))->mainContainer();
+        Outro->window()->show();
+        const QImage DoEditor = Outro->findChild<TTabelaDeSimbolos *>()->grab().toImage();
+        QVERIFY(DoEditor.copy(2, 2, 24, 24) != Visto.copy(2, 2, 24, 24));
+        QVERIFY(DoEditor.pixelColor(14, 14) != DoEditor.pixelColor(2, 2));
     }
     QUiLoader Carregador;
     UsarPlugin(Carregador);
@@ -360,6 +367,27 @@ void TesteDesigner::IconeNoEditorNadaNaExecucao()
     Tabela->show(); // whatever is asked of it
     QVERIFY(!Tabela->isVisible());
     QCOMPARE(Tabela->sizeHint(), QSize(0, 0));
+}
+
+void TesteDesigner::ImagemVaziaTemContornoSoNoEditor()
+{
+    const auto DuasCores = [](QWidget &Imagem) {
+        QWidget *Form = Imagem.window();
+        Form->show();
+        const QImage Vista = Form->grab(QRect(Imagem.mapTo(Form, QPoint()), Imagem.size())).toImage();
+        for (int Y = 0; Y < Vista.height(); ++Y)
+            for (int X = 0; X < Vista.width(); ++X)
+                if (Vista.pixel(X, Y) != Vista.pixel(Vista.width() / 2, Vista.height() / 2))
+                    return true;
+        return false;
+    };
+    QWidget Janela;
+    Janela.resize(60, 60);
+    TSimboloImagem Imagem(&Janela);
+    Imagem.setGeometry(10, 10, 30, 30);
+    QVERIFY(!DuasCores(Imagem));
+    const TEditorDeFormularios Editor;
+    QVERIFY(DuasCores(Imagem));
 }
 
 QTEST_MAIN(TesteDesigner)
