@@ -14,6 +14,7 @@ class QWidget;
 namespace Sibrel
 {
 
+/// What a form editor has to know of one component.
 struct TComponenteDoPacote {
     QLatin1String Classe;    ///< without the namespace
     QLatin1String Cabecalho; ///< what a form's generated code includes
