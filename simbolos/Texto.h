@@ -2,6 +2,7 @@
 #pragma once
 
 #include "plataforma/Font.h"
+#include "plataforma/LinhaDeTexto.h"
 #include "simbolos/ElementoGrafico.h"
 
 #include <QString>
@@ -68,10 +69,8 @@ public:
     void AplicarEstado(TCanvas &Canvas) const override;
 
 private:
-    int Largura() const;
-    int AlturaDaLinha() const;
+    const TLinhaDeTexto &Linha() const;
     TRect Alcance() const;
-    void Medir() const;
 
     TPoint FPosicao;
     TFont FFonte;
@@ -85,8 +84,7 @@ private:
     struct TMedida {
         std::uint64_t Selo = 0;
         std::uint64_t Fontes = 0;
-        int Largura = 0;
-        int Altura = 0;
+        TLinhaDeTexto Linha;
     };
     mutable TMedida FMedida;
 };
