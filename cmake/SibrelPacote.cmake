@@ -24,7 +24,7 @@ foreach(componente IN LISTS componentes)
   endif()
 endforeach()
 install(DIRECTORY docs/guia DESTINATION "${CMAKE_INSTALL_DATAROOTDIR}/doc/${SIBREL_PACOTE_desenvolvimento}"
-  COMPONENT desenvolvimento PATTERN trechos EXCLUDE)
+  COMPONENT desenvolvimento)
 
 set(CPACK_PACKAGE_NAME sibrel)
 set(CPACK_PACKAGE_VENDOR Sibrel)

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// How the pieces of the guide become tests: a file of docs/guia/trechos holds functions TRECHO(name) { ... }, each
-// run as a test of its own. What a page shows stands between marks; what proves it stands around them.
+// How the pieces of the guide become tests: a file of docs/guia/trechos holds functions TRECHO(name) { ... },
+// each run as a test of its own. What a page shows stands between marks; what proves it stands around them.
 #pragma once
 
 #include <QString>

@@ -29,6 +29,11 @@ function(experimentar prefixo)
     message(FATAL_ERROR "no form editor's plugin below ${prefixo}")
   endif()
 
+  # The guide's first program, from where the guide was installed.
+  set(inicio "${prefixo}/share/doc/libsibrel-dev/guia/inicio")
+  construir_contra("${prefixo}" "${inicio}" "${PASTA}/inicio")
+  executar("${PASTA}/inicio/quadro" "${inicio}" "${PASTA}/quadro.png")
+
   # A version that is not there is not found.
   file(CONFIGURE OUTPUT "${PASTA}/versao/CMakeLists.txt" @ONLY CONTENT
     "cmake_minimum_required(VERSION 3.25)\nproject(Versao LANGUAGES CXX)\nfind_package(Sibrel \${PEDIDA} CONFIG REQUIRED)\n")
