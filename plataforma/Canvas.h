@@ -47,14 +47,14 @@ enum class TBrushStyle : std::uint8_t {
     bsCross,
     bsDiagCross
 };
-
+/// How lines and outlines are drawn.
 struct TPen {
     TColor Color = clBlack;
     TPenStyle Style = TPenStyle::psSolid;
     int Width = 1; ///< logical pixels
     friend bool operator==(const TPen &, const TPen &) noexcept = default;
 };
-
+/// How areas are filled.
 struct TBrush {
     TColor Color = clWhite;
     TBrushStyle Style = TBrushStyle::bsSolid;

@@ -10,11 +10,13 @@
 namespace Sibrel
 {
 
+/// Where a text stands beside its X; the ordinals are those of figure files.
 enum class TAlinhamentoHorizontal : std::uint8_t {
     ahEsquerda, ///< the text starts at X
     ahDireita,  ///< it ends at X
     ahCentro    ///< it is centred on X
 };
+/// Where a text stands above or below its Y; the ordinals are those of figure files.
 enum class TAlinhamentoVertical : std::uint8_t {
     avAbaixo, ///< the text hangs below Y
     avAcima,  ///< it stands above Y
