@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+#include "plataforma/CustomConnection.h"
+
+#include <QString>
+
+#include <memory>
+
+namespace Sibrel
+{
+class TParseTableXML;
+class TTabelaDeSimbolosBD;
+} // namespace Sibrel
+
+namespace Hospedeiro
+{
+
+/// The database of an exercise: its symbols (table SIMBOLOS) and its units (table UNIDADES).
+///
+/// Errors are those of the library's connections and tables, with the driver's words in `Detalhe`.
+class TBancoDoExercicio
+{
+public:
+    /// `Endereco`: a SQLite file, or postgresql://user@host/database?options. Connects; raises
+    /// Sibrel::EDatabaseError when that fails.
+    explicit TBancoDoExercicio(const QString &Endereco);
+
+    Sibrel::TCustomConnection &Conexao() noexcept { return FConexao; }
+    const QString &Endereco() const noexcept { return FConexao.Endereco(); }
+    bool DeServidor() const;
+    /// What a user may see of the address: the file, or database and host, never a password.
+    QString Nome() const;
+    /// A file name beside which the fonts of the symbols may stand: the database itself, for a server one in
+    /// the current folder.
+    QString LugarDasFontes() const;
+
+    /// Replaces symbols and labels. After an error the table holds what was read before it.
+    void LerSimbolos(Sibrel::TTabelaDeSimbolosBD &Tabela);
+    /// What turns the units into the elements of a tree's document; it has no connection yet.
+    static std::unique_ptr<Sibrel::TParseTableXML> TabelaDasUnidades();
+
+private:
+    Sibrel::TCustomConnection FConexao;
+};
+
+} // namespace Hospedeiro
