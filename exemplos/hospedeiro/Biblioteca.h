@@ -42,6 +42,7 @@ public:
     std::vector<TAviso> Exportar(const QString &Arquivo);
 
     const Sibrel::TTabelaDeSimbolos &Tabela() const noexcept { return FTabela; }
+    Sibrel::TTabelaDeSimbolos &Tabela() noexcept { return FTabela; }
     int Quantos() const noexcept { return FTabela.Simbolos().Count(); }
     /// Name of the file, as last given; empty for a database that was not exported.
     const QString &Arquivo() const noexcept { return FTabela.NomeArquivo; }

@@ -3,17 +3,13 @@
 
 #include "hospedeiro/Biblioteca.h"
 #include "hospedeiro/FontesDaBiblioteca.h"
-#include "hospedeiro/ModeloDeSimbolos.h"
 
 #include <QMainWindow>
 
 #include <memory>
 
 class QLabel;
-class QLineEdit;
-class QMenu;
-class QSlider;
-class QToolBar;
+class QTabWidget;
 
 namespace Sibrel
 {
@@ -23,11 +19,12 @@ class TSimboloVetorial;
 namespace Hospedeiro
 {
 
-class TBotaoDeCor;
-class TFolhaDeSimbolos;
+class TPagina;
+class TPaginaDeSimbolos;
+class TPainelDaArvore;
 class TPainelDeAvisos;
 
-/// The window: a symbol library as a sheet, with the tools to look through it.
+/// The window: a symbol library as a sheet and a tree drawn with its symbols, each on its page.
 class TJanelaPrincipal : public QMainWindow
 {
     Q_OBJECT
@@ -35,6 +32,11 @@ class TJanelaPrincipal : public QMainWindow
 public:
     explicit TJanelaPrincipal(QWidget *Dono = nullptr);
     ~TJanelaPrincipal() override;
+
+    /// Adds a page behind the others; the window owns it.
+    void AcrescentarPagina(TPagina *Pagina);
+    /// Brings a page to the front.
+    void MostrarPagina(TPagina *Pagina);
 
     /// Opens a library in place of the present one. On an error tells the user and keeps the present one;
     /// false then.
@@ -47,6 +49,7 @@ public:
     void AtribuirTamanho(int Pixels);
 
     const TBiblioteca &Biblioteca() const noexcept { return *FBiblioteca; }
+    TPainelDaArvore &PainelDaArvore() noexcept { return *FPainelDaArvore; }
 
 protected:
     void dragEnterEvent(QDragEnterEvent *Evento) override;
@@ -59,30 +62,24 @@ protected:
 private:
     void MontarMenus();
     void MontarMenuArquivo();
-    void MontarMenuExibir();
     void MontarMenuLocalizar();
-    void MontarFerramentas();
-    void MontarTamanho(QToolBar &Barra);
-    void MontarBusca(QToolBar &Barra);
     void MontarEstado();
+    TPagina *PaginaAtual() const;
 
     void PerguntarEAbrir();
     void PerguntarEAbrirFigura();
     void MostrarFiguraDoSimbolo(int Indice);
     void PerguntarEExportar();
     void PerguntarEGravarFolha();
-    void Procurar(int APartirDe, bool ParaTras);
-    void ProcurarOutro(bool ParaTras);
+    void AbrirSolto(const QString &Arquivo);
     void MostrarEstado();
-    void MostrarAtual();
 
     TFontesDaBiblioteca FFontes;
     std::unique_ptr<TBiblioteca> FBiblioteca;
-    TModeloDeSimbolos FModelo;
-    TFolhaDeSimbolos *FFolha;
+    QTabWidget *FPaginas;
+    TPaginaDeSimbolos *FPaginaDeSimbolos;
+    TPainelDaArvore *FPainelDaArvore;
     TPainelDeAvisos *FAvisos;
-    QSlider *FTamanho = nullptr;
-    QLineEdit *FBusca = nullptr;
     QLabel *FContagem = nullptr;
     QLabel *FAtual = nullptr;
 };

@@ -23,8 +23,8 @@ constexpr std::array OpcoesSemJanela = {"folha", "listar", "exportar", "captura"
 QString Descricao()
 {
     return QStringLiteral(
-        "Mostra bibliotecas de símbolos e figuras vetoriais. Sem --folha, --listar, --exportar nem\n"
-        "--captura abre a janela.\n"
+        "Mostra bibliotecas de símbolos, figuras vetoriais e árvores de objetos. Sem --folha, --listar,\n"
+        "--exportar nem --captura abre a janela.\n"
         "\n"
         "A lista de uma biblioteca tem uma linha por símbolo, em UTF-8, com colunas separadas por "
         "tabulação:\n"
@@ -38,6 +38,11 @@ QString Descricao()
         "linha por elemento: índice, tipo e os campos, com os nomes dos atributos no arquivo; os vértices\n"
         "de um polígono são o campo Pontos, como x,y separados por brancos. Uma tabulação dentro de um\n"
         "texto aparece como um branco.\n"
+        "\n"
+        "Com --arvore, --listar e --captura são da árvore, depois de todas as atualizações. A lista tem uma\n"
+        "linha por nó, dois brancos mais para dentro a cada nível: legenda, cor=#rrggbb, simbolo=índice,\n"
+        "id.RÓTULO=valor para cada par da identificação, info.RÓTULO=valor para cada informação e, conforme\n"
+        "o nó, link e apagado.\n"
         "\n"
         "As fontes da pasta \"fontes\" ao lado da biblioteca são usadas sem instalar. Avisos e erros vão\n"
         "para a saída de erros; depois de um erro o código de saída é 1.");
@@ -60,13 +65,27 @@ struct TOpcoes {
             .arg(MaiorTamanho)
             .arg(TamanhoInicial),
         QStringLiteral("PIXELS")};
-    QCommandLineOption Listar{QStringLiteral("listar"), QStringLiteral("Lista os símbolos ou os elementos.")};
+    QCommandLineOption Listar{QStringLiteral("listar"),
+                              QStringLiteral("Lista os símbolos, os elementos ou os nós.")};
     QCommandLineOption Exportar{QStringLiteral("exportar"), QStringLiteral("Grava a biblioteca outra vez."),
                                 QStringLiteral("ARQUIVO")};
     QCommandLineOption Figura{QStringLiteral("figura"), QStringLiteral("Figura vetorial a abrir."),
                               QStringLiteral("ARQUIVO")};
-    QCommandLineOption Captura{QStringLiteral("captura"), QStringLiteral("Desenha a figura."),
+    QCommandLineOption Captura{QStringLiteral("captura"), QStringLiteral("Desenha a figura ou a árvore."),
                                QStringLiteral("IMAGEM")};
+    QCommandLineOption Arvore{QStringLiteral("arvore"), QStringLiteral("Documento de árvore a abrir."),
+                              QStringLiteral("ARQUIVO")};
+    QCommandLineOption Raiz{QStringLiteral("raiz"),
+                            QStringLiteral("Nome do elemento raiz dos documentos; sem ela vale qualquer um."),
+                            QStringLiteral("NOME")};
+    QCommandLineOption Atualizar{
+        QStringLiteral("atualizar"),
+        QStringLiteral("Documento com que atualizar a árvore; pode ser dada mais de uma vez."),
+        QStringLiteral("ARQUIVO")};
+    QCommandLineOption Vigiar{QStringLiteral("vigiar"),
+                              QStringLiteral("Abre a janela e atualiza a árvore com cada documento novo que "
+                                             "aparecer na pasta, na ordem dos nomes."),
+                              QStringLiteral("PASTA")};
     QCommandLineOption Ajuda{{QStringLiteral("h"), QStringLiteral("ajuda"), QStringLiteral("help")},
                              QStringLiteral("Mostra esta ajuda.")};
     QCommandLineOption Versao{{QStringLiteral("v"), QStringLiteral("versao")},
@@ -74,7 +93,8 @@ struct TOpcoes {
 
     void AcrescentarA(QCommandLineParser &Leitor) const
     {
-        Leitor.addOptions({Biblioteca, Folha, Tamanho, Listar, Exportar, Figura, Captura, Ajuda, Versao});
+        Leitor.addOptions({Biblioteca, Folha, Tamanho, Listar, Exportar, Figura, Captura, Arvore, Raiz,
+                           Atualizar, Vigiar, Ajuda, Versao});
     }
 };
 
@@ -116,6 +136,10 @@ TPedido Pedido(const QCommandLineParser &Leitor, const TOpcoes &Opcoes)
     P.Exportar = Arquivo(Leitor, Opcoes.Exportar);
     P.Figura = Arquivo(Leitor, Opcoes.Figura);
     P.Captura = Arquivo(Leitor, Opcoes.Captura);
+    P.Arvore = Arquivo(Leitor, Opcoes.Arvore);
+    P.Vigiar = Arquivo(Leitor, Opcoes.Vigiar);
+    P.Raiz = Arquivo(Leitor, Opcoes.Raiz).value_or(QString());
+    P.Atualizacoes = Leitor.values(Opcoes.Atualizar);
     P.Listar = Leitor.isSet(Opcoes.Listar);
     if (Leitor.isSet(Opcoes.Tamanho))
         P.Tamanho = Tamanho(Leitor.value(Opcoes.Tamanho));
@@ -126,12 +150,18 @@ void Conferir(const TPedido &P)
 {
     if (P.Biblioteca && P.Figura)
         Recusar(QStringLiteral("As opções --biblioteca e --figura não vão juntas!"));
+    if (P.Arvore && P.Figura)
+        Recusar(QStringLiteral("As opções --arvore e --figura não vão juntas!"));
     if ((P.Folha || P.Exportar) && !P.Biblioteca)
         Recusar(QStringLiteral("Falta a opção --biblioteca!"));
-    if (P.Captura && !P.Figura)
-        Recusar(QStringLiteral("Falta a opção --figura!"));
-    if (P.Listar && !P.Biblioteca && !P.Figura)
-        Recusar(QStringLiteral("Falta a opção --biblioteca ou --figura!"));
+    if (P.Captura && !P.Figura && !P.Arvore)
+        Recusar(QStringLiteral("Falta a opção --figura ou --arvore!"));
+    if (P.Listar && !P.Biblioteca && !P.Figura && !P.Arvore)
+        Recusar(QStringLiteral("Falta a opção --biblioteca, --figura ou --arvore!"));
+    if (!P.Atualizacoes.isEmpty() && !P.Arvore)
+        Recusar(QStringLiteral("Falta a opção --arvore!"));
+    if (P.Vigiar && P.SoLinhaDeComando())
+        Recusar(QStringLiteral("A opção --vigiar precisa da janela!"));
 }
 
 } // namespace

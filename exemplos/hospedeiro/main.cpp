@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // The example host: shows a symbol library in a window, or works on it from the command line.
+#include "hospedeiro/ArvoreDoHospedeiro.h"
 #include "hospedeiro/JanelaPrincipal.h"
 #include "hospedeiro/LinhaDeComando.h"
+#include "hospedeiro/PainelDaArvore.h"
 #include "hospedeiro/Trabalhos.h"
 #include "hospedeiro/Tradutor.h"
 
@@ -24,6 +26,19 @@ bool TemTela()
 #endif
 }
 
+void AbrirArvore(Hospedeiro::TJanelaPrincipal &Janela, const Hospedeiro::TPedido &Pedido)
+{
+    Hospedeiro::TPainelDaArvore &Painel = Janela.PainelDaArvore();
+    Painel.Arvore().ElementoRaiz = Pedido.Raiz;
+    if (!Pedido.Arvore && !Pedido.Vigiar)
+        return;
+    Janela.MostrarPagina(&Painel);
+    if (Pedido.Arvore)
+        Painel.Abrir(*Pedido.Arvore);
+    for (const QString &Documento : Pedido.Atualizacoes)
+        Painel.Atualizar(Documento);
+}
+
 int Mostrar(const Hospedeiro::TPedido &Pedido)
 {
     Hospedeiro::TJanelaPrincipal Janela;
@@ -33,6 +48,7 @@ int Mostrar(const Hospedeiro::TPedido &Pedido)
         Janela.Abrir(*Pedido.Biblioteca);
     if (Pedido.Figura)
         Janela.AbrirFigura(*Pedido.Figura);
+    AbrirArvore(Janela, Pedido);
     return QApplication::exec();
 }
 

@@ -379,10 +379,11 @@ void TesteHospedeiro::ErrosDeUso_data()
     DeUso("falta o valor", "--biblioteca", QStringLiteral("Falta o valor da opção <--biblioteca>!"));
     DeUso("valor a mais", "--listar=sim", QStringLiteral("A opção <--listar> não leva valor!"));
     DeUso("argumento solto", "solto", QStringLiteral("O argumento <solto> não pertence a nenhuma opção!"));
-    DeUso("lista sem arquivo", "--listar", QStringLiteral("Falta a opção --biblioteca ou --figura!"));
+    DeUso("lista sem arquivo", "--listar",
+          QStringLiteral("Falta a opção --biblioteca, --figura ou --arvore!"));
     DeUso("folha sem biblioteca", "--folha f.png", QStringLiteral("Falta a opção --biblioteca!"));
     DeUso("folha de figura", "--figura f.xml --folha f.png", QStringLiteral("Falta a opção --biblioteca!"));
-    DeUso("captura sem figura", "--captura f.png", QStringLiteral("Falta a opção --figura!"));
+    DeUso("captura sem figura", "--captura f.png", QStringLiteral("Falta a opção --figura ou --arvore!"));
     DeUso("os dois", "--biblioteca b --figura f --listar",
           QStringLiteral("As opções --biblioteca e --figura não vão juntas!"));
     DeUso("biblioteca sem nome", "--biblioteca= --listar",
@@ -412,8 +413,9 @@ void TesteHospedeiro::AAjudaDizOFormatoDaLista()
         QCOMPARE(R.Codigo, 0);
         QCOMPARE(R.Erros, QString());
         QVERIFY(R.Saida.startsWith(QStringLiteral("Uso: ")));
-        for (const char *Parte : {"--biblioteca", "--folha", "--tamanho", "--listar", "--exportar",
-                                  "--figura", "--captura", "índice, tipo, rótulo", "Opções:"})
+        for (const char *Parte :
+             {"--biblioteca", "--folha", "--tamanho", "--listar", "--exportar", "--figura", "--captura",
+              "--arvore", "--raiz", "--atualizar", "--vigiar", "índice, tipo, rótulo", "Opções:"})
             QVERIFY2(R.Saida.contains(QString::fromUtf8(Parte)), Parte);
     }
 }
