@@ -2,12 +2,18 @@
 #include "hospedeiro/BancoDoExercicio.h"
 
 #include "arvore/ParseTableXMLMapeada.h"
+#include "arvore/TreeViewXMLBD.h"
 #include "plataforma/ClientDataSet.h"
+#include "plataforma/CursorDeTela.h"
 #include "simbolos/TabelaDeSimbolosBD.h"
 
 #include <QDir>
+#include <QScopeGuard>
 #include <QUrl>
 #include <QUrlQuery>
+
+#include <memory>
+#include <utility>
 
 namespace Hospedeiro
 {
@@ -81,7 +87,8 @@ QString TBancoDoExercicio::Nome() const
     if (Servidor.isEmpty())
         Servidor = Url.host();
     const QString Banco = Url.path(QUrl::FullyDecoded).mid(1);
-    return Servidor.isEmpty() ? Banco : Texto("%1 em %2").arg(Banco, Servidor);
+    const bool Local = Servidor.isEmpty() || Servidor.startsWith(u'/'); // a folder is that of a socket
+    return Texto("%1 em %2").arg(Banco, Local ? Texto("servidor local") : Servidor);
 }
 
 QString TBancoDoExercicio::LugarDasFontes() const
@@ -97,10 +104,26 @@ void TBancoDoExercicio::LerSimbolos(TTabelaDeSimbolosBD &Tabela)
     Tabela.AtribuirListaDeRotulos(RotulosDosSimbolos(Dados));
 }
 
-std::unique_ptr<TParseTableXML> TBancoDoExercicio::TabelaDasUnidades()
+void TBancoDoExercicio::CarregarUnidades(TTreeViewXMLBD &Arvore)
 {
-    return std::make_unique<TParseTableXMLMapeada>(MapaDasUnidades(),
-                                                   Texto("SELECT * FROM UNIDADES ORDER BY ID"));
+    auto Unidades = std::make_unique<TParseTableXMLMapeada>(MapaDasUnidades(),
+                                                            Texto("SELECT * FROM UNIDADES ORDER BY ID"));
+    auto Tabelas = std::make_unique<TParseTableXMLList>(&FConexao);
+    Tabelas->Add(std::move(Unidades));
+    auto Anteriores = Arvore.AtribuirParses(std::move(Tabelas));
+    const QString Raiz = Arvore.ElementoRaiz;
+    if (Raiz.isEmpty()) // accepts any: but this document has to have one
+        Arvore.ElementoRaiz = Texto("OrdemDeBatalha");
+    const auto Voltar = qScopeGuard([&] { Arvore.ElementoRaiz = Raiz; });
+    try {
+        Arvore.Executar();
+    } catch (...) {
+        AtribuirCursorDeTela(
+            TCursorDeTela::Padrao); // the tree leaves the hourglass to whoever tells the error
+        Tabelas = Arvore.AtribuirParses(std::move(Anteriores));
+        throw;
+    }
+    Arvore.AtribuirDataBase(&FConexao);
 }
 
 } // namespace Hospedeiro

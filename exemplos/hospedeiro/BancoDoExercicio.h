@@ -5,12 +5,10 @@
 
 #include <QString>
 
-#include <memory>
-
 namespace Sibrel
 {
-class TParseTableXML;
 class TTabelaDeSimbolosBD;
+class TTreeViewXMLBD;
 } // namespace Sibrel
 
 namespace Hospedeiro
@@ -29,7 +27,8 @@ public:
     Sibrel::TCustomConnection &Conexao() noexcept { return FConexao; }
     const QString &Endereco() const noexcept { return FConexao.Endereco(); }
     bool DeServidor() const;
-    /// What a user may see of the address: the file, or database and host, never a password.
+    /// What a user may see of the address: the file, or database and host without any "/", never a
+    /// password.
     QString Nome() const;
     /// A file name beside which the fonts of the symbols may stand: the database itself, for a server one in
     /// the current folder.
@@ -37,8 +36,9 @@ public:
 
     /// Replaces symbols and labels. After an error the table holds what was read before it.
     void LerSimbolos(Sibrel::TTabelaDeSimbolosBD &Tabela);
-    /// What turns the units into the elements of a tree's document; it has no connection yet.
-    static std::unique_ptr<Sibrel::TParseTableXML> TabelaDasUnidades();
+    /// Gives the tree this connection and starts the update that puts the units in place of all its nodes.
+    /// After an error the nodes are as they were.
+    void CarregarUnidades(Sibrel::TTreeViewXMLBD &Arvore);
 
 private:
     Sibrel::TCustomConnection FConexao;

@@ -49,7 +49,7 @@ void TBiblioteca::AbrirBanco(TBancoDoExercicio &Banco, TFontesDaBiblioteca &Font
 
 QString TBiblioteca::Origem() const
 {
-    return Arquivo().isEmpty() ? FBanco : QFileInfo(Arquivo()).fileName();
+    return Arquivo().isEmpty() ? FBanco : Arquivo();
 }
 
 void TBiblioteca::AvisarDasFontes()

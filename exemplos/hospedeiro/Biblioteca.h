@@ -46,7 +46,7 @@ public:
     int Quantos() const noexcept { return FTabela.Simbolos().Count(); }
     /// Name of the file, as last given; empty for a database that was not exported.
     const QString &Arquivo() const noexcept { return FTabela.NomeArquivo; }
-    /// Where the symbols come from, for a title: the file's name without its folder, or the database's name.
+    /// Where the symbols come from, for a title: the file, or the database's name.
     QString Origem() const;
     const std::vector<TAviso> &Avisos() const noexcept { return FAvisos; }
 

@@ -8,6 +8,8 @@
 
 #include <QFileInfo>
 
+#include <utility>
+
 namespace Hospedeiro
 {
 
@@ -25,13 +27,20 @@ TFilaDeDocumentos::TFilaDeDocumentos(TArvoreDoHospedeiro &Arvore, TRegistroDeAtu
 void TFilaDeDocumentos::Abrir(const QString &Arquivo)
 {
     Cancelar();
-    FEsperando.push_back({Arquivo, true, true});
+    FEsperando.push_back({Arquivo, true, true, {}});
+    Proximo();
+}
+
+void TFilaDeDocumentos::AbrirCom(const QString &Nome, std::function<void()> Carregar)
+{
+    Cancelar();
+    FEsperando.push_back({Nome, true, true, std::move(Carregar)});
     Proximo();
 }
 
 void TFilaDeDocumentos::Acrescentar(const QString &Arquivo, bool Avisar)
 {
-    FEsperando.push_back({Arquivo, false, Avisar});
+    FEsperando.push_back({Arquivo, false, Avisar, {}});
     Proximo();
 }
 
@@ -60,7 +69,10 @@ void TFilaDeDocumentos::Ler(const TDocumento &Documento)
 {
     FRegistro.Anunciar(QFileInfo(Documento.Arquivo).fileName());
     try {
-        FArvore.Ler(Documento.Arquivo, true);
+        if (Documento.Carregar)
+            Documento.Carregar();
+        else
+            FArvore.Ler(Documento.Arquivo, true);
     } catch (const Sibrel::Exception &E) {
         FRegistro.Recusar(E);
         if (Documento.Avisar)

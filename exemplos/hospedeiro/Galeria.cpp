@@ -62,12 +62,13 @@ QWidget *ComTitulo(const QString &Titulo, QLayout *Conteudo, QWidget *Dono)
 } // namespace
 
 TGaleria::TGaleria(QWidget *Dono)
-    : QWidget(Dono)
+    : TPagina(Dono)
 {
     auto *Coluna = new QVBoxLayout(this);
     Coluna->addWidget(MontarEscolhas());
     Coluna->addWidget(MontarSilhuetas(), 1);
     Coluna->addWidget(MontarPassos());
+    setFocusProxy(FMascara);
     AtribuirCor(QColor(Qt::blue));
     MostrarFundo();
     MostrarMascara();
@@ -191,7 +192,7 @@ bool TGaleria::Abrir(const QString &Arquivo)
     try {
         Oferecer(Arquivo, false);
     } catch (const Exception &E) {
-        Q_EMIT Recusada(E.Message, E.Detalhe);
+        Q_EMIT Erro(E.Message, E.Detalhe);
         return false;
     }
     Mostrar(FMascara->count() - 1);
@@ -207,6 +208,26 @@ void TGaleria::PerguntarEAbrir()
         Abrir(Arquivo);
 }
 
+QString TGaleria::Titulo() const
+{
+    return tr("&Galeria");
+}
+
+QString TGaleria::Atual() const
+{
+    const TBitmap &Mascara = FSilhuetas[0]->ObterMascara();
+    return Mascara.Empty() ? QString()
+                           : tr("%1: %2 x %3 pixels")
+                                 .arg(FMascara->currentText())
+                                 .arg(Mascara.Width())
+                                 .arg(Mascara.Height());
+}
+
+QString TGaleria::Contagem() const
+{
+    return FMascara->count() == 1 ? tr("1 máscara") : tr("%1 máscaras").arg(FMascara->count());
+}
+
 QStringList TGaleria::Mascaras() const
 {
     QStringList Nomes;
@@ -215,7 +236,7 @@ QStringList TGaleria::Mascaras() const
     return Nomes;
 }
 
-int TGaleria::Atual() const
+int TGaleria::Escolhida() const
 {
     return FMascara->currentIndex();
 }
@@ -262,10 +283,11 @@ void TGaleria::MostrarFundo()
 void TGaleria::MostrarMascara()
 {
     const TGraphic *Figura =
-        Atual() >= 0 ? FMascaras[static_cast<std::size_t>(Atual())].Figura.get() : nullptr;
+        Escolhida() >= 0 ? FMascaras[static_cast<std::size_t>(Escolhida())].Figura.get() : nullptr;
     for (TSimboloImagem *Silhueta : FSilhuetas)
         Silhueta->AtribuirMascara(Figura);
     MostrarPassos();
+    Q_EMIT EstadoMudou();
 }
 
 void TGaleria::MostrarPassos()

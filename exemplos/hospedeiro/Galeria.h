@@ -2,9 +2,9 @@
 #pragma once
 
 #include "hospedeiro/FundoPadronado.h"
+#include "hospedeiro/Pagina.h"
 
 #include <QColor>
-#include <QWidget>
 
 #include <array>
 #include <memory>
@@ -26,7 +26,7 @@ class TBotaoDeCor;
 
 /// The page of the silhouettes: one mask in the three placements over a pattern, in any colour, and below it
 /// every transfer that brings it there.
-class TGaleria : public QWidget
+class TGaleria : public TPagina
 {
     Q_OBJECT
 
@@ -37,12 +37,12 @@ public:
     /// Offers the pictures of the folder "imagens" beside a library in place of those of the last one; what
     /// was opened by hand stays. Files that cannot be read are left out.
     void AtribuirBiblioteca(const QString &Arquivo);
-    /// Offers a picture file as a mask and shows it. False and Recusada when it cannot be read.
+    /// Offers a picture file as a mask and shows it. False and Erro when it cannot be read.
     bool Abrir(const QString &Arquivo);
 
     /// Names of the masks on offer, in order; the present one, -1 for none.
     QStringList Mascaras() const;
-    int Atual() const;
+    int Escolhida() const;
     void Mostrar(int Indice);
 
     const QColor &Cor() const;
@@ -53,9 +53,9 @@ public:
     /// The controls: at the corner, centred, stretched.
     const std::array<Sibrel::TSimboloImagem *, 3> &Silhuetas() const noexcept { return FSilhuetas; }
 
-Q_SIGNALS:
-    /// A picture that the user wanted to open cannot be read.
-    void Recusada(const QString &Mensagem, const QString &Detalhe);
+    QString Titulo() const override;
+    QString Atual() const override;
+    QString Contagem() const override;
 
 private:
     struct TMascara {

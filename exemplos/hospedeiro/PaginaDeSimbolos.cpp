@@ -76,7 +76,7 @@ QString TPaginaDeSimbolos::Titulo() const
 
 QString TPaginaDeSimbolos::Arquivo() const
 {
-    return FBiblioteca != nullptr ? FBiblioteca->Arquivo() : QString();
+    return FBiblioteca != nullptr ? FBiblioteca->Origem() : QString();
 }
 
 QString TPaginaDeSimbolos::Atual() const

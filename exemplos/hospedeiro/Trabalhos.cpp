@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "hospedeiro/Trabalhos.h"
 
+#include "hospedeiro/BancoDoExercicio.h"
 #include "hospedeiro/Biblioteca.h"
 #include "hospedeiro/DescricaoDeFigura.h"
 #include "hospedeiro/DescricaoDeSimbolo.h"
@@ -58,16 +59,31 @@ QFont FonteDosRotulos()
     return Fonte;
 }
 
-void ExecutarComBiblioteca(const TPedido &Pedido)
+void ExportarEDesenhar(const TPedido &Pedido, TBiblioteca &Biblioteca)
 {
-    TBiblioteca Biblioteca;
-    AbrirComAvisos(Biblioteca, *Pedido.Biblioteca);
     if (Pedido.Exportar)
         EscreverAvisos(Biblioteca.Exportar(*Pedido.Exportar));
     if (Pedido.Folha)
         GravarImagem(FolhaEmImagem(Biblioteca.Tabela(), Pedido.Tamanho, FonteDosRotulos()), *Pedido.Folha);
+}
+
+void ExecutarComBiblioteca(const TPedido &Pedido)
+{
+    TBiblioteca Biblioteca;
+    AbrirComAvisos(Biblioteca, *Pedido.Biblioteca);
+    ExportarEDesenhar(Pedido, Biblioteca);
     if (Pedido.Listar)
         Escrever(ListaDaTabela(Biblioteca.Tabela()));
+}
+
+void ExecutarComBanco(const TPedido &Pedido)
+{
+    TBancoDoExercicio Banco(*Pedido.Banco);
+    TFontesDaBiblioteca Fontes;
+    TBiblioteca Biblioteca;
+    Biblioteca.AbrirBanco(Banco, Fontes);
+    EscreverAvisos(Biblioteca.Avisos());
+    ExportarEDesenhar(Pedido, Biblioteca);
 }
 
 void ExecutarComFigura(const TPedido &Pedido)
@@ -97,6 +113,8 @@ void Executar(const TPedido &Pedido)
         Escrever(*Pedido.Texto);
     else if (Pedido.Figura)
         ExecutarComFigura(Pedido);
+    else if (Pedido.Banco)
+        ExecutarComBanco(Pedido);
     else
         ExecutarComBiblioteca(Pedido);
 }

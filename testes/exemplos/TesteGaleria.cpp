@@ -102,11 +102,13 @@ void TesteGaleria::OfereceAsFigurasAoLadoDaBiblioteca()
     QCOMPARE(Nomes.size(), 14);
     QVERIFY(Nomes.contains(QStringLiteral("farol.svg")));
     QVERIFY(Nomes.contains(QStringLiteral("periscopio.xbm")));
-    QCOMPARE(FGaleria->Atual(), 0);
+    QCOMPARE(FGaleria->Escolhida(), 0);
     QVERIFY(!Silhueta(0).ObterMascara().Empty());
+    QCOMPARE(FGaleria->Atual(), QStringLiteral("amigo.png: 64 x 64 pixels"));
+    QCOMPARE(FGaleria->Contagem(), QStringLiteral("14 máscaras"));
     auto *Caixa = FGaleria->findChild<QComboBox *>(QStringLiteral("Mascara"));
     QTest::keyClick(Caixa, Qt::Key_Down);
-    QCOMPARE(FGaleria->Atual(), 1);
+    QCOMPARE(FGaleria->Escolhida(), 1);
     QCOMPARE(Silhueta(2).ObterMascara().Width(), 48); // of the second, bandeira.png
 }
 
@@ -114,7 +116,7 @@ void TesteGaleria::SemFigurasSoOFundoAparece()
 {
     FGaleria->AtribuirBiblioteca(QStringLiteral("/nao/ha/tal/biblioteca.txt"));
     QCOMPARE(FGaleria->Mascaras(), QStringList());
-    QCOMPARE(FGaleria->Atual(), -1);
+    QCOMPARE(FGaleria->Escolhida(), -1);
     for (std::size_t I = 0; I < 3; ++I) {
         QVERIFY(Silhueta(I).ObterMascara().Empty());
         QWidget &Fundo = *Silhueta(I).parentWidget();
@@ -215,20 +217,20 @@ void TesteGaleria::AbreUmaImagemQualquer()
     QVERIFY(Imagem.save(Pasta.filePath(QStringLiteral("minha.png"))));
     QVERIFY(FGaleria->Abrir(Pasta.filePath(QStringLiteral("minha.png"))));
     QCOMPARE(FGaleria->Mascaras().last(), QStringLiteral("minha.png"));
-    QCOMPARE(FGaleria->Atual(), 14);
+    QCOMPARE(FGaleria->Escolhida(), 14);
     QCOMPARE(Silhueta(0).ObterMascara().Width(), 10);
 }
 
 void TesteGaleria::UmaImagemQueNaoSeLeERecusada()
 {
-    QSignalSpy Recusas(FGaleria.get(), &TGaleria::Recusada);
-    const int Antes = FGaleria->Atual();
+    QSignalSpy Recusas(FGaleria.get(), &TPagina::Erro);
+    const int Antes = FGaleria->Escolhida();
     const QString Arquivo = DadoDeExemplo(QStringLiteral("simbolos.txt"));
     QVERIFY(!FGaleria->Abrir(Arquivo));
     QCOMPARE(Recusas.size(), 1);
     QCOMPARE(Recusas[0][0].toString(), QStringLiteral("Não foi possível ler a figura <%1>!").arg(Arquivo));
     QVERIFY(!Recusas[0][1].toString().isEmpty());
-    QCOMPARE(FGaleria->Atual(), Antes);
+    QCOMPARE(FGaleria->Escolhida(), Antes);
     QCOMPARE(FGaleria->Mascaras().size(), 14);
 }
 
@@ -242,7 +244,7 @@ void TesteGaleria::OutraBibliotecaTrocaSoAsSuas()
     QVERIFY(FGaleria->Abrir(DadoDeExemplo(QStringLiteral("imagens/cruz.bmp"))));
     FGaleria->AtribuirBiblioteca(Pasta.filePath(QStringLiteral("b.txt")));
     QCOMPARE(FGaleria->Mascaras(), QStringList({QStringLiteral("cruz.bmp"), QStringLiteral("rio.png")}));
-    QCOMPARE(FGaleria->Atual(), 0); // the same mask is on show
+    QCOMPARE(FGaleria->Escolhida(), 0); // the same mask is on show
     QCOMPARE(Silhueta(0).ObterMascara().Width(), 32);
     FGaleria->Mostrar(1);
     QCOMPARE(Silhueta(0).ObterMascara().Width(), 64);

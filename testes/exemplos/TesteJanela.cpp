@@ -165,7 +165,7 @@ void TesteJanela::OTamanhoEACorChegamAFolha()
 {
     FJanela->findChild<QSlider *>()->setValue(100);
     QCOMPARE(Folha().Tamanho(), 100);
-    FJanela->findChild<TBotaoDeCor *>()->AtribuirCor(Qt::red);
+    FJanela->findChild<TPaginaDeSimbolos *>()->findChild<TBotaoDeCor *>()->AtribuirCor(Qt::red);
     QCOMPARE(Folha().Cor(), QColor(Qt::red));
 }
 
