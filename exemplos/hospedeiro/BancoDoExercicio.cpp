@@ -28,6 +28,11 @@ QString Texto(const char *Portugues)
     return QString::fromUtf8(Portugues);
 }
 
+bool DeServidor(const QString &Endereco)
+{
+    return Endereco.contains(QLatin1String("://"));
+}
+
 // The rows of one object type that follow each other are one symbol: its label is that of the first.
 QStringList RotulosDosSimbolos(TClientDataSet &Dados)
 {
@@ -67,22 +72,11 @@ TMapeamentoXML MapaDasUnidades()
 
 } // namespace
 
-TBancoDoExercicio::TBancoDoExercicio(const QString &Endereco)
-    : FConexao(Endereco)
+QString NomeDoBanco(const QString &Endereco)
 {
-    FConexao.Open();
-}
-
-bool TBancoDoExercicio::DeServidor() const
-{
-    return Endereco().contains(QLatin1String("://"));
-}
-
-QString TBancoDoExercicio::Nome() const
-{
-    if (!DeServidor())
-        return Endereco();
-    const QUrl Url(Endereco());
+    if (!DeServidor(Endereco))
+        return Endereco;
+    const QUrl Url(Endereco);
     QString Servidor = QUrlQuery(Url).queryItemValue(Texto("host"), QUrl::FullyDecoded);
     if (Servidor.isEmpty())
         Servidor = Url.host();
@@ -91,9 +85,15 @@ QString TBancoDoExercicio::Nome() const
     return Texto("%1 em %2").arg(Banco, Local ? Texto("servidor local") : Servidor);
 }
 
+TBancoDoExercicio::TBancoDoExercicio(const QString &Endereco)
+    : FConexao(Endereco)
+{
+    FConexao.Open();
+}
+
 QString TBancoDoExercicio::LugarDasFontes() const
 {
-    return DeServidor() ? QDir::current().filePath(Texto("banco")) : Endereco();
+    return DeServidor(Endereco()) ? QDir::current().filePath(Texto("banco")) : Endereco();
 }
 
 void TBancoDoExercicio::LerSimbolos(TTabelaDeSimbolosBD &Tabela)

@@ -14,6 +14,9 @@ class TTreeViewXMLBD;
 namespace Hospedeiro
 {
 
+/// What a user may see of an address: the file, or database and host without any "/", never a password.
+QString NomeDoBanco(const QString &Endereco);
+
 /// The database of an exercise: its symbols (table SIMBOLOS) and its units (table UNIDADES).
 ///
 /// Errors are those of the library's connections and tables, with the driver's words in `Detalhe`.
@@ -26,10 +29,7 @@ public:
 
     Sibrel::TCustomConnection &Conexao() noexcept { return FConexao; }
     const QString &Endereco() const noexcept { return FConexao.Endereco(); }
-    bool DeServidor() const;
-    /// What a user may see of the address: the file, or database and host without any "/", never a
-    /// password.
-    QString Nome() const;
+    QString Nome() const { return NomeDoBanco(Endereco()); }
     /// A file name beside which the fonts of the symbols may stand: the database itself, for a server one in
     /// the current folder.
     QString LugarDasFontes() const;
