@@ -152,14 +152,14 @@ void Conferir(const TPedido &P)
         Recusar(QStringLiteral("As opções --biblioteca e --figura não vão juntas!"));
     if (P.Arvore && P.Figura)
         Recusar(QStringLiteral("As opções --arvore e --figura não vão juntas!"));
+    if (!P.Atualizacoes.isEmpty() && !P.Arvore)
+        Recusar(QStringLiteral("Falta a opção --arvore!"));
     if ((P.Folha || P.Exportar) && !P.Biblioteca)
         Recusar(QStringLiteral("Falta a opção --biblioteca!"));
     if (P.Captura && !P.Figura && !P.Arvore)
         Recusar(QStringLiteral("Falta a opção --figura ou --arvore!"));
     if (P.Listar && !P.Biblioteca && !P.Figura && !P.Arvore)
         Recusar(QStringLiteral("Falta a opção --biblioteca, --figura ou --arvore!"));
-    if (!P.Atualizacoes.isEmpty() && !P.Arvore)
-        Recusar(QStringLiteral("Falta a opção --arvore!"));
     if (P.Vigiar && P.SoLinhaDeComando())
         Recusar(QStringLiteral("A opção --vigiar precisa da janela!"));
 }

@@ -5,8 +5,6 @@
 
 #include <QDateTime>
 
-class QMenu;
-
 namespace Sibrel
 {
 class TTabelaDeSimbolos;
@@ -16,6 +14,7 @@ struct TFalhaDeAtualizacao;
 namespace Hospedeiro
 {
 
+class TAlimentacao;
 class TArvoreDoHospedeiro;
 class TBuscaNaArvore;
 class TFichaDoNo;
@@ -34,6 +33,7 @@ public:
     TArvoreDoHospedeiro &Arvore() noexcept { return *FArvore; }
     TRegistroDeAtualizacoes &Registro() noexcept { return *FRegistro; }
     TFilaDeDocumentos &Fila() noexcept { return *FFila; }
+    TAlimentacao &Alimentacao() noexcept { return *FAlimentacao; }
     /// Where the nodes' symbols come from; not owned. To be given again when it was replaced.
     void AtribuirTabela(Sibrel::TTabelaDeSimbolos *Tabela);
 
@@ -68,6 +68,7 @@ private:
     TArvoreDoHospedeiro *FArvore;
     TRegistroDeAtualizacoes *FRegistro;
     TFilaDeDocumentos *FFila;
+    TAlimentacao *FAlimentacao;
     TBuscaNaArvore *FBusca;
     TFichaDoNo *FFicha;
     QAction *FAbrir = nullptr;

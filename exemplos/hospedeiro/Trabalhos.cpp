@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "hospedeiro/Trabalhos.h"
 
+#include "hospedeiro/AplicarDocumento.h"
+#include "hospedeiro/ArvoreDoHospedeiro.h"
+#include "hospedeiro/ArvoreEmImagem.h"
 #include "hospedeiro/Biblioteca.h"
+#include "hospedeiro/DescricaoDaArvore.h"
 #include "hospedeiro/DescricaoDeFigura.h"
 #include "hospedeiro/DescricaoDeSimbolo.h"
 #include "hospedeiro/FolhaEmImagem.h"
@@ -13,6 +17,7 @@
 
 #include <QFile>
 #include <QFont>
+#include <QTemporaryDir>
 
 #include <cstdio>
 #include <vector>
@@ -58,16 +63,44 @@ QFont FonteDosRotulos()
     return Fonte;
 }
 
-void ExecutarComBiblioteca(const TPedido &Pedido)
+void ExecutarComBiblioteca(const TPedido &Pedido, TBiblioteca &Biblioteca)
 {
-    TBiblioteca Biblioteca;
     AbrirComAvisos(Biblioteca, *Pedido.Biblioteca);
     if (Pedido.Exportar)
         EscreverAvisos(Biblioteca.Exportar(*Pedido.Exportar));
     if (Pedido.Folha)
         GravarImagem(FolhaEmImagem(Biblioteca.Tabela(), Pedido.Tamanho, FonteDosRotulos()), *Pedido.Folha);
-    if (Pedido.Listar)
+    if (Pedido.Listar && !Pedido.Arvore)
         Escrever(ListaDaTabela(Biblioteca.Tabela()));
+}
+
+// What an update that fails would keep for later is still there as the file that was named.
+class TSemArquivosDeErro
+{
+public:
+    TSemArquivosDeErro() { Sibrel::TPreparaAtualizacao::AtribuirPastaDeErros(FPasta.path()); }
+    ~TSemArquivosDeErro() { Sibrel::TPreparaAtualizacao::AtribuirPastaDeErros({}); }
+    TSemArquivosDeErro(const TSemArquivosDeErro &) = delete;
+    TSemArquivosDeErro &operator=(const TSemArquivosDeErro &) = delete;
+
+private:
+    QTemporaryDir FPasta;
+};
+
+void ExecutarComArvore(const TPedido &Pedido, Sibrel::TTabelaDeSimbolos *Tabela)
+{
+    const TSemArquivosDeErro SemArquivos;
+    TArvoreDoHospedeiro Arvore;
+    Arvore.setFont(FonteDosRotulos());
+    Arvore.ElementoRaiz = Pedido.Raiz;
+    Arvore.AtribuirTabelaDeSimbolos(Tabela);
+    for (const QString &Documento : QStringList(*Pedido.Arvore) + Pedido.Atualizacoes)
+        if (AplicarDocumento(Arvore, Documento) == 0)
+            EscreverErro(QStringLiteral("Aviso: O documento <%1> não diz nada à árvore.").arg(Documento), {});
+    if (Pedido.Captura)
+        GravarImagem(ArvoreEmImagem(Arvore), *Pedido.Captura);
+    if (Pedido.Listar)
+        Escrever(ListaDaArvore(Arvore));
 }
 
 void ExecutarComFigura(const TPedido &Pedido)
@@ -93,12 +126,19 @@ void EscreverErro(const QString &Mensagem, const QString &Detalhe)
 
 void Executar(const TPedido &Pedido)
 {
-    if (Pedido.Texto)
+    if (Pedido.Texto) {
         Escrever(*Pedido.Texto);
-    else if (Pedido.Figura)
+        return;
+    }
+    if (Pedido.Figura) {
         ExecutarComFigura(Pedido);
-    else
-        ExecutarComBiblioteca(Pedido);
+        return;
+    }
+    TBiblioteca Biblioteca;
+    if (Pedido.Biblioteca)
+        ExecutarComBiblioteca(Pedido, Biblioteca);
+    if (Pedido.Arvore)
+        ExecutarComArvore(Pedido, &Biblioteca.Tabela());
 }
 
 } // namespace Hospedeiro

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "hospedeiro/AplicarDocumento.h"
+
+#include "hospedeiro/ArvoreDoHospedeiro.h"
+#include "hospedeiro/DescricaoDaArvore.h"
+
+#include "plataforma/Exception.h"
+
+#include <QCoreApplication>
+
+namespace Hospedeiro
+{
+
+namespace
+{
+
+struct TAndamento {
+    QString Etapa;
+    QString Falhas;
+    int Operacoes = 0;
+
+    void Notar(const Sibrel::TPreparaAtualizacao &A)
+    {
+        Etapa = A.Etapa();
+        if (Etapa == u"Atualização")
+            Operacoes = A.Total();
+        Falhas = TextoDasFalhas(A.Falhas());
+    }
+};
+
+QString ComNome(const QString &Detalhe, const QString &Arquivo)
+{
+    const QString Nome = QStringLiteral("Arquivo <%1>").arg(Arquivo);
+    return Detalhe.isEmpty() ? Nome + u'.' : Nome + QStringLiteral(":\n") + Detalhe;
+}
+
+} // namespace
+
+int AplicarDocumento(TArvoreDoHospedeiro &Arvore, const QString &Arquivo)
+{
+    TAndamento Andamento;
+    const auto Ligacao = QObject::connect(
+        &Arvore, &Sibrel::TTreeViewXML::Progresso, &Arvore,
+        [&Andamento](Sibrel::TPreparaAtualizacao *A) { Andamento.Notar(*A); }, Qt::DirectConnection);
+    try {
+        Arvore.Ler(Arquivo, true);
+    } catch (const Sibrel::Exception &E) {
+        QObject::disconnect(Ligacao);
+        const bool ComNomeJa = E.Message.contains(QStringLiteral("<%1>").arg(Arquivo));
+        throw Sibrel::Exception(E.Message, ComNomeJa ? E.Detalhe : ComNome(E.Detalhe, Arquivo));
+    }
+    while (!Arvore.Atualizacoes().empty())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    QObject::disconnect(Ligacao);
+    if (Andamento.Etapa != u"Terminado")
+        throw Sibrel::Exception(Andamento.Etapa, ComNome(Andamento.Falhas, Arquivo));
+    return Andamento.Operacoes;
+}
+
+} // namespace Hospedeiro
