@@ -7,8 +7,18 @@
 #include <QFontInfo>
 #include <QMenu>
 
+#include <algorithm>
+
 namespace Hospedeiro
 {
+
+namespace
+{
+
+constexpr int MenorLinha = 20; // that symbols are told apart
+constexpr int Folga = 4;
+
+} // namespace
 
 TArvoreDoHospedeiro::TArvoreDoHospedeiro(QWidget *Dono)
     : TTreeViewXMLBD(Dono)
@@ -58,6 +68,7 @@ void TArvoreDoHospedeiro::SeguirFonte()
     Nova.AtribuirName(Dela.family());
     Nova.AtribuirHeight(-Dela.pixelSize());
     AtribuirFonte(Nova);
+    AtribuirItemHeight(std::max(MenorLinha, fontMetrics().height() + Folga));
 }
 
 } // namespace Hospedeiro

@@ -43,10 +43,14 @@ QString FiltroDeBibliotecas()
     return TJanelaPrincipal::tr("Bibliotecas de símbolos (*.txt);;Todos os arquivos (*)");
 }
 
-QString ArquivoArrastado(const QMimeData &Dados)
+QStringList ArquivosArrastados(const QMimeData &Dados)
 {
-    const QList<QUrl> Enderecos = Dados.urls();
-    return Enderecos.size() == 1 ? Enderecos.constFirst().toLocalFile() : QString();
+    QStringList Arquivos;
+    for (const QUrl &Endereco : Dados.urls())
+        if (const QString Arquivo = Endereco.toLocalFile(); !Arquivo.isEmpty())
+            Arquivos += Arquivo;
+    Arquivos.sort();
+    return Arquivos;
 }
 
 bool EFigura(const QString &Arquivo)
@@ -328,16 +332,17 @@ void TJanelaPrincipal::MostrarEstado()
 
 void TJanelaPrincipal::dragEnterEvent(QDragEnterEvent *Evento)
 {
-    if (!ArquivoArrastado(*Evento->mimeData()).isEmpty())
+    if (!ArquivosArrastados(*Evento->mimeData()).isEmpty())
         Evento->acceptProposedAction();
 }
 
 void TJanelaPrincipal::dropEvent(QDropEvent *Evento)
 {
-    if (const QString Arquivo = ArquivoArrastado(*Evento->mimeData()); !Arquivo.isEmpty()) {
+    const QStringList Arquivos = ArquivosArrastados(*Evento->mimeData());
+    if (!Arquivos.isEmpty())
         Evento->acceptProposedAction();
+    for (const QString &Arquivo : Arquivos)
         AbrirSolto(Arquivo);
-    }
 }
 
 // Figures and trees are both XML: the document element tells them apart.

@@ -180,14 +180,14 @@ void Conferir(const TPedido &P)
 {
     ConferirOrigens(P);
     const bool ComArvore = P.Arvore || P.Banco;
+    if (!P.Atualizacoes.isEmpty() && !ComArvore)
+        Recusar(QStringLiteral("Falta a opção --arvore ou --banco!"));
     if ((P.Folha || P.Exportar) && !P.Biblioteca && !P.Banco)
         Recusar(QStringLiteral("Falta a opção --biblioteca ou --banco!"));
     if (P.Captura && !P.Figura && !ComArvore)
         Recusar(QStringLiteral("Falta a opção --figura, --arvore ou --banco!"));
     if (P.Listar && !P.Biblioteca && !P.Figura && !ComArvore)
         Recusar(QStringLiteral("Falta a opção --biblioteca, --figura, --arvore ou --banco!"));
-    if (!P.Atualizacoes.isEmpty() && !ComArvore)
-        Recusar(QStringLiteral("Falta a opção --arvore ou --banco!"));
     if (P.Vigiar && P.SoLinhaDeComando())
         Recusar(QStringLiteral("A opção --vigiar precisa da janela!"));
 }

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "hospedeiro/PainelDaArvore.h"
 
+#include "hospedeiro/Alimentacao.h"
 #include "hospedeiro/ArvoreDoHospedeiro.h"
 #include "hospedeiro/BancoDoExercicio.h"
 #include "hospedeiro/BuscaNaArvore.h"
 #include "hospedeiro/FichaDoNo.h"
 #include "hospedeiro/FilaDeDocumentos.h"
+#include "hospedeiro/MenuDaArvore.h"
 #include "hospedeiro/PainelDeAtualizacoes.h"
 #include "hospedeiro/RegistroDeAtualizacoes.h"
 
@@ -40,6 +42,7 @@ TPainelDaArvore::TPainelDaArvore(QWidget *Dono)
     , FArvore(new TArvoreDoHospedeiro(this))
     , FRegistro(new TRegistroDeAtualizacoes(*FArvore, this))
     , FFila(new TFilaDeDocumentos(*FArvore, *FRegistro, this))
+    , FAlimentacao(new TAlimentacao(*FFila, this))
     , FBusca(new TBuscaNaArvore(*FArvore, this))
     , FFicha(new TFichaDoNo(this))
     , FSemDados(FArvore->DataHora())
@@ -102,6 +105,8 @@ QString TPainelDaArvore::Contagem() const
     QString Texto = Quantos == 1 ? tr("1 nó") : tr("%1 nós").arg(Quantos);
     if (const QDateTime Dados = FArvore->DataHora(); Dados != FSemDados)
         Texto += tr(", dados de %1").arg(Dados.toString(QStringLiteral("dd/MM/yyyy HH:mm")));
+    if (const QString Andamento = FAlimentacao->Andamento(); !Andamento.isEmpty())
+        Texto += QStringLiteral(", ") + Andamento;
     return Texto;
 }
 
@@ -119,12 +124,16 @@ void TPainelDaArvore::MontarMenus(QMenuBar &Barra)
 {
     QMenu *Menu = Barra.addMenu(tr("Á&rvore"));
     Menu->addActions({FAbrir, FAtualizar});
+    Menu->addSeparator();
+    Menu->addActions({FAlimentacao->AcaoVigiar(), FAlimentacao->AcaoSimular()});
 }
 
 void TPainelDaArvore::MontarDisposicao()
 {
     auto *Ferramentas = new QToolBar(tr("Ferramentas da árvore"), this);
     Ferramentas->addActions({FAbrir, FAtualizar});
+    Ferramentas->addSeparator();
+    Ferramentas->addActions({FAlimentacao->AcaoVigiar(), FAlimentacao->AcaoSimular()});
     auto *Esquerda = new QWidget(this);
     auto *Coluna = new QVBoxLayout(Esquerda);
     Coluna->setContentsMargins(0, 0, 0, 0);
@@ -161,9 +170,19 @@ void TPainelDaArvore::Ligar()
     connect(FRegistro, &TRegistroDeAtualizacoes::Acabou, this, &TPainelDaArvore::RenovarSelecao);
     connect(FFila, &TFilaDeDocumentos::Recusado, this, &TPagina::Erro);
     connect(FFila, &TFilaDeDocumentos::Comecou, this, [this](const QString &Arquivo, bool EmLugarDeTudo) {
-        if (EmLugarDeTudo)
+        if (EmLugarDeTudo) {
             FArquivo = Arquivo;
+            FAlimentacao->AtribuirDocumento(Arquivo);
+        }
         Q_EMIT EstadoMudou();
+    });
+    connect(FAlimentacao, &TAlimentacao::Mudou, this, &TPagina::EstadoMudou);
+    connect(FAlimentacao, &TAlimentacao::Recado, this, &TPagina::Recado);
+    connect(FAlimentacao, &TAlimentacao::Erro, this, &TPagina::Erro);
+    auto *Menu = new TMenuDaArvore(*FArvore);
+    connect(Menu, &TMenuDaArvore::Excluidos, this, [this](int Quantos) {
+        Q_EMIT Recado(Quantos == 1 ? tr("1 nó excluído da árvore")
+                                   : tr("%1 nós excluídos da árvore").arg(Quantos));
     });
     connect(FBusca, &TBuscaNaArvore::NadaAchado, this, [this](const QString &Texto) {
         Q_EMIT Recado(tr("Nenhuma legenda corresponde a \"%1\"").arg(Texto));

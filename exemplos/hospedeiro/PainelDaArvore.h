@@ -8,8 +8,6 @@
 #include <functional>
 #include <memory>
 
-class QMenu;
-
 namespace Sibrel
 {
 class TTabelaDeSimbolos;
@@ -19,6 +17,7 @@ struct TFalhaDeAtualizacao;
 namespace Hospedeiro
 {
 
+class TAlimentacao;
 class TArvoreDoHospedeiro;
 class TBancoDoExercicio;
 class TBuscaNaArvore;
@@ -38,6 +37,7 @@ public:
     TArvoreDoHospedeiro &Arvore() noexcept { return *FArvore; }
     TRegistroDeAtualizacoes &Registro() noexcept { return *FRegistro; }
     TFilaDeDocumentos &Fila() noexcept { return *FFila; }
+    TAlimentacao &Alimentacao() noexcept { return *FAlimentacao; }
     /// Where the nodes' symbols come from; not owned. To be given again when it was replaced.
     void AtribuirTabela(Sibrel::TTabelaDeSimbolos *Tabela);
 
@@ -75,6 +75,7 @@ private:
     TArvoreDoHospedeiro *FArvore;
     TRegistroDeAtualizacoes *FRegistro;
     TFilaDeDocumentos *FFila;
+    TAlimentacao *FAlimentacao;
     TBuscaNaArvore *FBusca;
     TFichaDoNo *FFicha;
     QAction *FAbrir = nullptr;

@@ -2,6 +2,7 @@
 #include "hospedeiro/RegistroDeAtualizacoes.h"
 
 #include "hospedeiro/Campo.h"
+#include "hospedeiro/DescricaoDaArvore.h"
 
 #include "arvore/TreeViewXML.h"
 #include "plataforma/Exception.h"
@@ -21,20 +22,6 @@ namespace
 QString Quantas(int Numero, const QString &Uma, const QString &Varias)
 {
     return Numero == 1 ? Uma : Varias.arg(Numero);
-}
-
-QString TextoDasFalhas(const std::vector<Sibrel::TFalhaDeAtualizacao> &Falhas)
-{
-    QStringList Linhas;
-    for (const Sibrel::TFalhaDeAtualizacao &F : Falhas) {
-        QString Linha = F.Linha > 0 ? QStringLiteral("Linha %1").arg(F.Linha) : QString();
-        const QString Onde = F.Caminho.isEmpty() ? F.Elemento : F.Caminho;
-        if (!Onde.isEmpty())
-            Linha += (Linha.isEmpty() ? QString() : QStringLiteral(", ")) + Onde;
-        QString Causa = F.Detalhe.isEmpty() ? F.Mensagem : F.Mensagem + u' ' + F.Detalhe;
-        Linhas += Linha.isEmpty() ? Causa : Linha + QStringLiteral(": ") + Causa;
-    }
-    return Linhas.join(u'\n');
 }
 
 QStyle::StandardPixmap Figura(TDesfecho Desfecho)

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // The example host: shows a symbol library in a window, or works on it from the command line.
+#include "hospedeiro/Alimentacao.h"
 #include "hospedeiro/ArvoreDoHospedeiro.h"
 #include "hospedeiro/JanelaPrincipal.h"
 #include "hospedeiro/LinhaDeComando.h"
@@ -10,6 +11,8 @@
 #include "plataforma/Exception.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QStandardPaths>
 
 #include <cstdlib>
 
@@ -39,10 +42,22 @@ void AbrirArvore(Hospedeiro::TJanelaPrincipal &Janela, const Hospedeiro::TPedido
         Painel.Abrir(*Pedido.Arvore);
     for (const QString &Documento : Pedido.Atualizacoes)
         Painel.Atualizar(Documento);
+    if (Pedido.Vigiar)
+        Painel.Alimentacao().Vigiar(*Pedido.Vigiar);
+}
+
+// Documents of failed updates are kept where the user may write, which the program's own folder seldom is.
+void EscolherPastaDeErros()
+{
+    const QDir Pasta(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation) +
+                     QStringLiteral("/erros"));
+    if (Pasta.mkpath(QStringLiteral(".")))
+        Sibrel::TPreparaAtualizacao::AtribuirPastaDeErros(Pasta.path());
 }
 
 int Mostrar(const Hospedeiro::TPedido &Pedido)
 {
+    EscolherPastaDeErros();
     Hospedeiro::TJanelaPrincipal Janela;
     Janela.AtribuirTamanho(Pedido.Tamanho);
     Janela.show();
