@@ -69,6 +69,10 @@ private Q_SLOTS:
     void OMenuPerguntaPeloArquivo();
     void OProgramaDesenhaEExporta_data() { CadaOrigem(); }
     void OProgramaDesenhaEExporta();
+    void OProgramaListaEFotografaAArvore_data() { CadaOrigem(); }
+    void OProgramaListaEFotografaAArvore();
+    void OProgramaAtualizaAArvoreDoBanco();
+    void OProgramaRecusaUnidadesRuins();
     void OProgramaRecusa_data();
     void OProgramaRecusa();
     void SemODriverOProgramaDizQual();
@@ -358,7 +362,7 @@ void TesteBanco::OProgramaDesenhaEExporta()
                         Pasta.filePath(QStringLiteral("fontes/SibrelSimbolos.ttf"))));
     QString Onde = Endereco();
     if (DoServidor) // as a user writes it
-        Onde.replace(QStringLiteral("postgresql:///"), QStringLiteral("postgresql://sibrel@localhost/"))
+        Onde.replace(QStringLiteral("postgresql:///"), QStringLiteral("postgresql://sibrel@/"))
             .remove(QStringLiteral("&user=sibrel"));
     const TResultado R =
         Rodar({QStringLiteral("--banco"), Onde, QStringLiteral("--folha"), QStringLiteral("f.png"),
@@ -377,6 +381,59 @@ void TesteBanco::OProgramaDesenhaEExporta()
     QVERIFY(DeNovo.Saida.startsWith(QStringLiteral("0\tComposto\tInfantaria\tpartes=2\n"
                                                    "  0.0\tFonte\t\tcaracter=33\tcharset=1\tproporcao=1\t"
                                                    "fonte=Sibrel Simbolos\n")));
+}
+
+void TesteBanco::OProgramaListaEFotografaAArvore()
+{
+    const TResultado R = Rodar({QStringLiteral("--banco"), Endereco(), QStringLiteral("--listar"),
+                                QStringLiteral("--captura"), QStringLiteral("a.png")});
+    QFETCH(bool, DoServidor);
+    const QString Aviso = QStringLiteral("Aviso: A fonte <Sibrel Simbolos> não está instalada.\n");
+    QCOMPARE(R.Erros, DoServidor ? Aviso : QString()); // the file's stands beside it
+    QCOMPARE(R.Codigo, 0);
+    const QStringList Linhas = R.Saida.split(u'\n', Qt::SkipEmptyParts);
+    QCOMPARE(Linhas.size(), UnidadesDoExercicio);
+    QCOMPARE(Linhas[1], QStringLiteral("  PC 1ª Bda\tcor=#0000a0\tsimbolo=13\tid.Código=B1.PC\t"
+                                       "info.Posição=23K 568200 7508400\tinfo.Comandante=Sgt Araújo\t"
+                                       "info.Efetivo=8\tinfo.Prontidão=Em preparo"));
+    QCOMPARE(Linhas.filter(QStringLiteral("\tlink")).size(), 10);
+    const QImage Arvore(FPasta->filePath(QStringLiteral("a.png")));
+    QVERIFY(Arvore.width() > 200);
+    QVERIFY(Arvore.height() >= UnidadesDoExercicio * 16);
+    // Nothing but the font is another when it comes from the other database.
+    QCOMPARE(R.Saida, Rodar({QStringLiteral("--banco"), DadoDeExemplo(QStringLiteral("exercicio.sqlite")),
+                             QStringLiteral("--listar")})
+                          .Saida);
+}
+
+void TesteBanco::OProgramaAtualizaAArvoreDoBanco()
+{
+    EscreverBytes(FPasta->filePath(QStringLiteral("u.xml")),
+                  "<?xml version='1.0' encoding='ISO-8859-1'?><R><Brigada Nome='Nova' Cor='255'/></R>");
+    const TResultado R =
+        Rodar({QStringLiteral("--banco"), DadoDeExemplo(QStringLiteral("exercicio.sqlite")),
+               QStringLiteral("--atualizar"), QStringLiteral("u.xml"), QStringLiteral("--listar")});
+    QCOMPARE(R.Erros, QString());
+    const QStringList Linhas = R.Saida.split(u'\n', Qt::SkipEmptyParts);
+    QCOMPARE(Linhas.size(), UnidadesDoExercicio + 1);
+    QVERIFY2(Linhas.last().startsWith(QStringLiteral("Nova\tcor=#ff0000")), qPrintable(Linhas.last()));
+}
+
+void TesteBanco::OProgramaRecusaUnidadesRuins()
+{
+    const QString Arquivo = Copia(QStringLiteral("DROP TABLE UNIDADES"));
+    QVERIFY(QFile::setPermissions(Arquivo, QFile::ReadOwner));
+    const QStringList Pedido = {QStringLiteral("--banco"), QStringLiteral("copia.sqlite")};
+    const TResultado R = Rodar(Pedido + QStringList{QStringLiteral("--listar")});
+    QVERIFY2(R.Erros.contains(
+                 QStringLiteral("Não foi possível consultar o banco de dados!\nBanco <copia.sqlite>:\n"
+                                "no such table: UNIDADES")),
+             qPrintable(R.Erros));
+    QCOMPARE(R.Saida, QString());
+    QCOMPARE(R.Codigo, 1);
+    // The symbols alone need no units.
+    QCOMPARE(Rodar(Pedido + QStringList{QStringLiteral("--folha"), QStringLiteral("f.png")}).Codigo, 0);
+    QVERIFY(QFile::exists(FPasta->filePath(QStringLiteral("f.png"))));
 }
 
 void TesteBanco::OProgramaRecusa_data()
