@@ -118,8 +118,8 @@ void TBancoDoExercicio::CarregarUnidades(TTreeViewXMLBD &Arvore)
     try {
         Arvore.Executar();
     } catch (...) {
-        AtribuirCursorDeTela(
-            TCursorDeTela::Padrao); // the tree leaves the hourglass to whoever tells the error
+        // The tree leaves the hourglass to whoever tells the error.
+        AtribuirCursorDeTela(TCursorDeTela::Padrao);
         Tabelas = Arvore.AtribuirParses(std::move(Anteriores));
         throw;
     }
