@@ -7,6 +7,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 namespace Sibrel
 {
@@ -61,21 +62,30 @@ QString GravarArquivoDeErro(const QString &Pasta, const QDateTime &Quando, const
     QFile Arquivo;
     for (int I = 1; I < MaisNomes; ++I) {
         Arquivo.setFileName(Nome + (I > 1 ? QStringLiteral("_%1.xml").arg(I) : QStringLiteral(".xml")));
-        if (Arquivo.open(QIODevice::WriteOnly | QIODevice::NewOnly) || !Arquivo.exists())
+        if (Arquivo.open(QIODevice::WriteOnly | QIODevice::NewOnly) ||
+            (!Arquivo.exists() && !QFileInfo(Arquivo).isSymLink()))
             break;
     }
     if (!Arquivo.isOpen())
         throw EFCreateError(QStringLiteral("Não foi possível gravar <%1>!").arg(Arquivo.fileName()),
                             Arquivo.errorString());
-    const bool Inteiro = Escrever(Arquivo, QString(QStringLiteral("<!--Erro gerado:") + Mensagem +
-                                                   QStringLiteral(" -->") + PULALINHA.toString())) &&
-                         Escrever(Arquivo, XML) && Escrever(Arquivo, PULALINHA) && Arquivo.flush();
-    if (!Inteiro) {
-        const QString Motivo = Arquivo.errorString();
-        Arquivo.remove();
-        throw EFCreateError(QStringLiteral("Não foi possível gravar <%1>!").arg(Arquivo.fileName()), Motivo);
+    // What is there by half goes: closing it may fail once more, which removing it by its name ignores.
+    const auto Desistir = [&Arquivo] {
+        Arquivo.close();
+        QFile::remove(Arquivo.fileName());
+    };
+    try {
+        if (Escrever(Arquivo, QString(QStringLiteral("<!--Erro gerado:") + Mensagem + QStringLiteral(" -->") +
+                                      PULALINHA.toString())) &&
+            Escrever(Arquivo, XML) && Escrever(Arquivo, PULALINHA) && Arquivo.flush())
+            return Arquivo.fileName();
+    } catch (...) { // no memory to encode it
+        Desistir();
+        throw;
     }
-    return Arquivo.fileName();
+    const QString Motivo = Arquivo.errorString();
+    Desistir();
+    throw EFCreateError(QStringLiteral("Não foi possível gravar <%1>!").arg(Arquivo.fileName()), Motivo);
 }
 
 } // namespace Sibrel

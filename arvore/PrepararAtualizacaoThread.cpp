@@ -27,6 +27,14 @@ QString XMLInvalido()
     return QStringLiteral("XML em formato inválido!");
 }
 
+// What telling of a failure takes, when memory is what failed.
+constexpr std::size_t BytesDeReserva = 512U * 1024U;
+
+QString MemoriaInsuficiente()
+{
+    return QStringLiteral("Memória insuficiente!");
+}
+
 TFalhaDeAtualizacao FalhaDe(const std::exception_ptr &Erro)
 {
     TFalhaDeAtualizacao Falha;
@@ -35,6 +43,8 @@ TFalhaDeAtualizacao FalhaDe(const std::exception_ptr &Erro)
     } catch (const Exception &E) {
         Falha.Mensagem = E.Message;
         Falha.Detalhe = E.Detalhe;
+    } catch (const std::bad_alloc &) {
+        Falha.Mensagem = MemoriaInsuficiente();
     } catch (const std::exception &E) {
         Falha.Mensagem = QString::fromLocal8Bit(E.what());
     } catch (...) {
@@ -43,12 +53,23 @@ TFalhaDeAtualizacao FalhaDe(const std::exception_ptr &Erro)
     return Falha;
 }
 
+template <class Fazer>
+void HavendoMemoria(Fazer &&F) noexcept
+{
+    try {
+        F();
+    } catch (const std::bad_alloc &) {
+        return;
+    }
+}
+
 } // namespace
 
 void TPreparaAtualizacao::Execute()
 {
     const TTravaDeNos::TPaciente Paciente;
     FNos->Segurar();
+    HavendoMemoria([this] { FReserva = std::make_unique_for_overwrite<char[]>(BytesDeReserva); });
     QString Ultima;
     try {
         Etapas();
@@ -61,7 +82,7 @@ void TPreparaAtualizacao::Execute()
     }
     Encerrar(Ultima);
     FilaDeAtualizacoes().Passar(*this);
-    QMetaObject::invokeMethod(this, "Terminar", Qt::QueuedConnection); // nothing of this object from here on
+    Chamar("Terminar"); // nothing of this object from here on
 }
 
 void TPreparaAtualizacao::Etapas()
@@ -99,22 +120,27 @@ void TPreparaAtualizacao::Encerrar(const QString &Ultima)
     FDocumento.reset();
 }
 
-void TPreparaAtualizacao::Falhar(const std::exception_ptr &Erro)
+// Memory may be what failed: each part that finds none is left out, and the document is kept in any case.
+void TPreparaAtualizacao::Falhar(const std::exception_ptr &Erro) noexcept
 {
-    TFalhaDeAtualizacao Falha = FalhaDe(Erro);
-    Situar(Falha);
-    try {
-        FArquivoDeErro =
-            GravarArquivoDeErro(PastaDeErros(), QDateTime::currentDateTime(), Falha.Mensagem, FXML);
-    } catch (const std::exception &E) {
-        FDocumentoPorGuardar = true;
-        const auto *Nossa = dynamic_cast<const Exception *>(&E);
-        const QString Motivo =
-            Nossa != nullptr ? Nossa->Message + u' ' + Nossa->Detalhe : QString::fromLocal8Bit(E.what());
-        Falha.Detalhe += (Falha.Detalhe.isEmpty() ? QString() : QStringLiteral(" ")) + Motivo;
-        qWarning("Sibrel: %s", qUtf8Printable(Motivo));
-    }
-    FFalhas.push_back(std::move(Falha));
+    FReserva.reset();
+    TFalhaDeAtualizacao Falha;
+    Falha.Mensagem = MemoriaInsuficiente();
+    HavendoMemoria([&] { Falha = FalhaDe(Erro); });
+    HavendoMemoria([&] { Situar(Falha); });
+    FDocumentoPorGuardar = true;
+    HavendoMemoria([&] {
+        try {
+            FArquivoDeErro =
+                GravarArquivoDeErro(PastaDeErros(), QDateTime::currentDateTime(), Falha.Mensagem, FXML);
+            FDocumentoPorGuardar = false;
+        } catch (const Exception &E) {
+            const QString Motivo = E.Message + u' ' + E.Detalhe;
+            Falha.Detalhe += (Falha.Detalhe.isEmpty() ? QString() : QStringLiteral(" ")) + Motivo;
+            qWarning("Sibrel: %s", qUtf8Printable(Motivo));
+        }
+    });
+    HavendoMemoria([&] { FFalhas.push_back(std::move(Falha)); });
 }
 
 // Tells where in the document the failure lies.
@@ -169,7 +195,7 @@ void TPreparaAtualizacao::Entregar(TPedido Pedido)
     FPedido = Pedido;
     FErroDaEntrega = nullptr;
     Guarda.unlock();
-    QMetaObject::invokeMethod(this, "Servir", Qt::QueuedConnection);
+    Chamar("Servir");
     Guarda.lock();
     FMudou.wait(Guarda, [this] { return FPedido == TPedido::Nenhum || (FSolto && !FServindo); });
     FPrimeiroPasso = FUltimoPasso + 1;
@@ -372,9 +398,7 @@ bool TPreparaAtualizacao::Incluir(TAtualizacao &A)
     }
     if (!A.ClasseNo)
         return false;
-    std::unique_ptr<TTreeNodeXML> Novo = A.ClasseNo.Criar(*FNos);
-    if (!Novo)
-        throw EAbstractError(QStringLiteral("A classe %1 é abstrata!").arg(QLatin1String(A.ClasseNo.Nome())));
+    std::unique_ptr<TTreeNodeXML> Novo = NovoNoXML(*FNos, A.ClasseNo);
     TTreeNodeXML *No = Novo.get();
     {
         // The tree's own class loads in no time and is seen only when it is ready; a host's class may take
