@@ -7,7 +7,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
 
 namespace Sibrel
 {
@@ -62,8 +61,7 @@ QString GravarArquivoDeErro(const QString &Pasta, const QDateTime &Quando, const
     QFile Arquivo;
     for (int I = 1; I < MaisNomes; ++I) {
         Arquivo.setFileName(Nome + (I > 1 ? QStringLiteral("_%1.xml").arg(I) : QStringLiteral(".xml")));
-        if (Arquivo.open(QIODevice::WriteOnly | QIODevice::NewOnly) ||
-            (!Arquivo.exists() && !QFileInfo(Arquivo).isSymLink()))
+        if (Arquivo.open(QIODevice::WriteOnly | QIODevice::NewOnly) || !Arquivo.exists())
             break;
     }
     if (!Arquivo.isOpen())

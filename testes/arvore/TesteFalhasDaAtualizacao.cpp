@@ -180,6 +180,7 @@ private Q_SLOTS:
     void OLugarDaFalhaNaRealizacao();
     void OLugarDaDataErrada();
     void DepoisDeUmSimAFalhaSeguinteTemOSeuLugar();
+    void PublicacaoQueFalhaERefeita_data();
     void PublicacaoQueFalhaERefeita();
     void MemoriaQueAcaba_data();
     void MemoriaQueAcaba();
@@ -667,9 +668,21 @@ void TesteFalhasDaAtualizacao::DepoisDeUmSimAFalhaSeguinteTemOSeuLugar()
     QVERIFY(Diario.Falhas[1].Elemento.isEmpty());
 }
 
-// A publication that breaks off must not be the view's last.
+void TesteFalhasDaAtualizacao::PublicacaoQueFalhaERefeita_data()
+{
+    QTest::addColumn<bool>("NoComeco");
+    QTest::addColumn<int>("Vez");
+    for (const int Vez : {1, 2, 3}) {
+        QTest::addRow("no começo, vez %d", Vez) << true << Vez;
+        QTest::addRow("nas expansões, vez %d", Vez) << false << Vez;
+    }
+}
+
+// A publication that breaks off must not be the view's last, and what it had taken must not be lost.
 void TesteFalhasDaAtualizacao::PublicacaoQueFalhaERefeita()
 {
+    QFETCH(bool, NoComeco);
+    QFETCH(int, Vez);
     TTreeViewXML Vista;
     const QAbstractItemModelTester Testador(&Vista.Modelo(),
                                             QAbstractItemModelTester::FailureReportingMode::QtTest);
@@ -677,25 +690,44 @@ void TesteFalhasDaAtualizacao::PublicacaoQueFalhaERefeita()
     Vista.show();
     Vista.Atualizar(Doc(U("A", "1", U("B", "2")) + U("C", "3")));
     QVERIFY(EsperarAtualizacoes());
-    for (const int Vez : {1, 2, 3}) {
-        int Faltam = Vez;
-        const auto DaVista = Vista.Modelo().AoExpandir;
-        Vista.Modelo().AoExpandir = [&](std::span<TTreeNode *const> Nos) {
-            if (--Faltam == 0)
-                throw std::bad_alloc();
-            DaVista(Nos);
+    TModeloDeNos &Modelo = Vista.Modelo();
+    const auto AntesDaVista = Modelo.AntesDePublicar;
+    const auto ExpandirDaVista = Modelo.AoExpandir;
+    int Faltam = Vez;
+    const auto Lancar = [&Faltam] {
+        if (--Faltam == 0)
+            throw std::bad_alloc();
+    };
+    if (NoComeco)
+        Modelo.AntesDePublicar = [&](bool Grande) {
+            AntesDaVista(Grande);
+            Lancar();
         };
-        const TDiario Diario(Vista);
-        Vista.Atualizar(Doc(U("A", "1", U("N", QString::number(Vez), U("M", "8")) + Fora("B", "2")) +
-                            U(QStringLiteral("Z%1").arg(Vez), QString::number(Vez), U("Y", "9"))));
-        QVERIFY(EsperarAtualizacoes());
-        Vista.Modelo().AoExpandir = DaVista;
-        QVERIFY(Diario.Linhas.last().endsWith(QStringLiteral(" 0/0"))); // told in any case
-        AProximaFunciona(Vista);
-        QVERIFY(Vista.isExpanded(Vista.Modelo().IndiceDe(Vista.Nos().GetFirstNode())));
+    else
+        Modelo.AoExpandir = [&](std::span<TTreeNode *const> Nos) {
+            Lancar();
+            ExpandirDaVista(Nos);
+        };
+    const TDiario Diario(Vista);
+    Vista.Atualizar(Doc(U("A", "1", U("N", "7", U("M", "8")) + Fora("B", "2")) + U("Z", "4", U("Y", "9"))));
+    QVERIFY(EsperarAtualizacoes());
+    QVERIFY(Diario.Linhas.last().endsWith(QStringLiteral(" 0/0"))); // told in any case
+    try {
+        while (Faltam > 0) // the update took fewer publications
+            Vista.Nos()
+                .AddChild(Vista.Nos().AddChild(nullptr, QStringLiteral("X")), QStringLiteral("W"))
+                ->Parent()
+                ->Expand();
+    } catch (const std::bad_alloc &) {
+        QCOMPARE(Faltam, 0);
     }
+    Modelo.AntesDePublicar = AntesDaVista;
+    Modelo.AoExpandir = ExpandirDaVista;
+    AProximaFunciona(Vista);
+    for (const TTreeNode *No = Vista.Nos().GetFirstNode(); No != nullptr; No = No->GetNext())
+        QCOMPARE(Vista.isExpanded(Modelo.IndiceDe(No)), No->Expanded() && No->HasChildren());
     Vista.Items().Clear();
-    QCOMPARE(Mostrado(Vista.Modelo()), QString());
+    QCOMPARE(Mostrado(Modelo), QString());
 }
 
 void TesteFalhasDaAtualizacao::MemoriaQueAcaba_data()
