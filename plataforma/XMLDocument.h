@@ -51,7 +51,7 @@ struct TLimitesXML {
     /// which keeps every position below 2^31.
     static constexpr std::int64_t Entrada = 512LL * 1024 * 1024;
 };
-
+/// What a node of a document is.
 enum class TTipoDeNoXML : std::uint8_t { Elemento, Texto, CDATA, Comentario, Instrucao };
 
 /// The children of a node in document order, for range-based loops. `No` is TCursorXML or IXMLNode.

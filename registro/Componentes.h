@@ -22,6 +22,7 @@ struct TPropriedadePublicada {
     bool NomeNoDocumento = false; ///< a text that documents contain: no translator may touch it
 };
 
+/// What a form editor has to know of one component.
 struct TComponenteDoPacote {
     QLatin1String Classe;    ///< without the namespace
     QLatin1String Cabecalho; ///< what a form's generated code includes
