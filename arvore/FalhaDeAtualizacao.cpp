@@ -3,12 +3,19 @@
 
 #include "plataforma/Exception.h"
 
+#include <new>
+
 namespace Sibrel
 {
 
 QString XMLInvalido()
 {
     return QStringLiteral("XML em formato inválido!");
+}
+
+QString MemoriaInsuficiente()
+{
+    return QStringLiteral("Memória insuficiente!");
 }
 
 TFalhaDeAtualizacao FalhaDe(const std::exception_ptr &Erro)
@@ -19,6 +26,8 @@ TFalhaDeAtualizacao FalhaDe(const std::exception_ptr &Erro)
     } catch (const Exception &E) {
         Falha.Mensagem = E.Message;
         Falha.Detalhe = E.Detalhe;
+    } catch (const std::bad_alloc &) {
+        Falha.Mensagem = MemoriaInsuficiente();
     } catch (const std::exception &E) {
         Falha.Mensagem = QString::fromLocal8Bit(E.what());
     } catch (...) {

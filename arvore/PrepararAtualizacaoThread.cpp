@@ -8,13 +8,34 @@
 #include "arvore/TreeViewXML.h"
 #include "plataforma/Exception.h"
 
+#include <new>
+
 namespace Sibrel
 {
+
+namespace
+{
+
+// What telling of a failure takes, when memory is what failed.
+constexpr std::size_t BytesDeReserva = 512U * 1024U;
+
+template <class Fazer>
+void HavendoMemoria(Fazer &&F) noexcept
+{
+    try {
+        F();
+    } catch (const std::bad_alloc &) {
+        return;
+    }
+}
+
+} // namespace
 
 void TPreparaAtualizacao::Execute()
 {
     const TTravaDeNos::TPaciente Paciente;
     FNos->Segurar();
+    HavendoMemoria([this] { FReserva = std::make_unique_for_overwrite<char[]>(BytesDeReserva); });
     QString Ultima;
     try {
         Etapas();
@@ -27,7 +48,7 @@ void TPreparaAtualizacao::Execute()
     }
     Encerrar(Ultima);
     FilaDeAtualizacoes().Passar(*this);
-    QMetaObject::invokeMethod(this, "Terminar", Qt::QueuedConnection); // nothing of this object from here on
+    Chamar("Terminar"); // nothing of this object from here on
 }
 
 void TPreparaAtualizacao::Etapas()
@@ -65,22 +86,27 @@ void TPreparaAtualizacao::Encerrar(const QString &Ultima)
     FDocumento.reset();
 }
 
-void TPreparaAtualizacao::Falhar(const std::exception_ptr &Erro)
+// Memory may be what failed: each part that finds none is left out, and the document is kept in any case.
+void TPreparaAtualizacao::Falhar(const std::exception_ptr &Erro) noexcept
 {
-    TFalhaDeAtualizacao Falha = FalhaDe(Erro);
-    Situar(Falha);
-    try {
-        FArquivoDeErro =
-            GravarArquivoDeErro(PastaDeErros(), QDateTime::currentDateTime(), Falha.Mensagem, FXML);
-    } catch (const std::exception &E) {
-        FDocumentoPorGuardar = true;
-        const auto *Nossa = dynamic_cast<const Exception *>(&E);
-        const QString Motivo =
-            Nossa != nullptr ? Nossa->Message + u' ' + Nossa->Detalhe : QString::fromLocal8Bit(E.what());
-        Falha.Detalhe += (Falha.Detalhe.isEmpty() ? QString() : QStringLiteral(" ")) + Motivo;
-        qWarning("Sibrel: %s", qUtf8Printable(Motivo));
-    }
-    FFalhas.push_back(std::move(Falha));
+    FReserva.reset();
+    TFalhaDeAtualizacao Falha;
+    Falha.Mensagem = MemoriaInsuficiente();
+    HavendoMemoria([&] { Falha = FalhaDe(Erro); });
+    HavendoMemoria([&] { Situar(Falha); });
+    FDocumentoPorGuardar = true;
+    HavendoMemoria([&] {
+        try {
+            FArquivoDeErro =
+                GravarArquivoDeErro(PastaDeErros(), QDateTime::currentDateTime(), Falha.Mensagem, FXML);
+            FDocumentoPorGuardar = false;
+        } catch (const Exception &E) {
+            const QString Motivo = E.Message + u' ' + E.Detalhe;
+            Falha.Detalhe += (Falha.Detalhe.isEmpty() ? QString() : QStringLiteral(" ")) + Motivo;
+            qWarning("Sibrel: %s", qUtf8Printable(Motivo));
+        }
+    });
+    HavendoMemoria([&] { FFalhas.push_back(std::move(Falha)); });
 }
 
 // Tells where in the document the failure lies.
@@ -135,7 +161,7 @@ void TPreparaAtualizacao::Entregar(TPedido Pedido)
     FPedido = Pedido;
     FErroDaEntrega = nullptr;
     Guarda.unlock();
-    QMetaObject::invokeMethod(this, "Servir", Qt::QueuedConnection);
+    Chamar("Servir");
     Guarda.lock();
     FMudou.wait(Guarda, [this] { return FPedido == TPedido::Nenhum || (FSolto && !FServindo); });
     FPrimeiroPasso = FUltimoPasso + 1;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // The second stage of an update: the operations are carried out on the nodes.
+#include "arvore/Correspondencia.h"
 #include "arvore/PrepararAtualizacao.h"
 #include "arvore/TreeViewXML.h"
-#include "plataforma/Exception.h"
 #include "plataforma/SeparadorDecimal.h"
 
 #include <algorithm>
@@ -56,9 +56,7 @@ bool TPreparaAtualizacao::Incluir(TAtualizacao &A)
     }
     if (!A.ClasseNo)
         return false;
-    std::unique_ptr<TTreeNodeXML> Novo = A.ClasseNo.Criar(*FNos);
-    if (!Novo)
-        throw EAbstractError(QStringLiteral("A classe %1 é abstrata!").arg(QLatin1String(A.ClasseNo.Nome())));
+    std::unique_ptr<TTreeNodeXML> Novo = NovoNoXML(*FNos, A.ClasseNo);
     TTreeNodeXML *No = Novo.get();
     {
         // The tree's own class loads in no time and is seen only when it is ready; a host's class may take
