@@ -244,6 +244,11 @@ public:
     IXMLNode DocumentElement() const;
     /// The document element without a counted handle.
     TCursorXML Raiz() const noexcept { return {this, 0}; }
+    /// The node with that number in document order (TCursorXML::Ordem), nil when there is none.
+    TCursorXML No(std::uint32_t Ordem) const noexcept
+    {
+        return Ordem < Nos() ? TCursorXML(this, Ordem) : TCursorXML();
+    }
     /// Nodes of all kinds in the document.
     std::uint32_t Nos() const noexcept { return static_cast<std::uint32_t>(FNos.size()); }
     /// Bytes of memory that the document keeps.

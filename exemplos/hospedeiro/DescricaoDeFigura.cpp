@@ -27,7 +27,7 @@ QString Valor(double Numero)
 }
 QString Valor(TColor Cor)
 {
-    return Cor.DoSistema() ? QStringLiteral("sistema %1").arg(Cor.Valor() & 0xFF) : Cor.ParaQColor().name();
+    return TextoDaCor(Cor);
 }
 QString Valor(bool Ligado)
 {

@@ -33,20 +33,30 @@ int ColunasDaFolha(int Quantos, const QSize &Celula)
                       std::max(Quantos, 1));
 }
 
+[[noreturn]] void Recusar(const QSize &Lado, const QString &Mensagem)
+{
+    throw Sibrel::Exception(Mensagem,
+                            QStringLiteral("Seriam %1 x %2 pixels.").arg(Lado.width()).arg(Lado.height()));
+}
+
 QImage FolhaEmBranco(const QSize &Lado)
 {
-    QImage Folha;
-    if (Lado.width() <= MaiorLado && Lado.height() <= MaiorLado)
-        Folha = QImage(Lado, QImage::Format_RGB32);
+    const QString GrandeDemais = QStringLiteral("A folha fica grande demais!");
+    ExigirLado(Lado, GrandeDemais);
+    QImage Folha(Lado, QImage::Format_RGB32);
     if (Folha.isNull())
-        throw Sibrel::Exception(
-            QStringLiteral("A folha fica grande demais!"),
-            QStringLiteral("Seriam %1 x %2 pixels.").arg(Lado.width()).arg(Lado.height()));
+        Recusar(Lado, GrandeDemais);
     Folha.fill(Qt::white);
     return Folha;
 }
 
 } // namespace
+
+void ExigirLado(const QSize &Lado, const QString &Mensagem)
+{
+    if (Lado.width() > MaiorLado || Lado.height() > MaiorLado)
+        Recusar(Lado, Mensagem);
+}
 
 QImage FolhaEmImagem(const Sibrel::TTabelaDeSimbolos &Tabela, int Tamanho, const QFont &Fonte,
                      const QColor &Cor)

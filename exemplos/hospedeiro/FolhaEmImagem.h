@@ -22,6 +22,9 @@ namespace Hospedeiro
 QImage FolhaEmImagem(const Sibrel::TTabelaDeSimbolos &Tabela, int Tamanho, const QFont &Fonte,
                      const QColor &Cor = Qt::black);
 
+/// Raises Sibrel::Exception with `Mensagem` when a picture of that size would be larger than pictures can be.
+void ExigirLado(const QSize &Lado, const QString &Mensagem);
+
 /// A symbol alone as a square picture on white, `Tamanho` pixels a side.
 QImage SimboloEmImagem(Sibrel::ISimbolo &Simbolo, int Tamanho, const QColor &Cor = Qt::black);
 

@@ -1,15 +1,18 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "hospedeiro/JanelaPrincipal.h"
 
-#include "hospedeiro/BotaoDeCor.h"
-#include "hospedeiro/DescricaoDeSimbolo.h"
+#include "hospedeiro/BancoDoExercicio.h"
 #include "hospedeiro/FolhaDeSimbolos.h"
 #include "hospedeiro/FolhaEmImagem.h"
+#include "hospedeiro/Galeria.h"
 #include "hospedeiro/JanelaDaFigura.h"
+#include "hospedeiro/PaginaDeSimbolos.h"
+#include "hospedeiro/PainelDaArvore.h"
 #include "hospedeiro/PainelDeAvisos.h"
 #include "hospedeiro/PinturaDeSimbolo.h"
 
 #include "plataforma/Exception.h"
+#include "plataforma/XMLDocument.h"
 #include "simbolos/SimboloVetorial.h"
 
 #include <QAction>
@@ -19,13 +22,11 @@
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
-#include <QSlider>
 #include <QStatusBar>
-#include <QToolBar>
+#include <QTabWidget>
 
 namespace Hospedeiro
 {
@@ -33,9 +34,8 @@ namespace Hospedeiro
 namespace
 {
 
-constexpr QSize TamanhoDaJanela(960, 640);
-constexpr int PassoDoTamanho = 8;
-constexpr int LarguraDoControle = 280; // a slider over the whole window would be clumsy
+constexpr QSize TamanhoDaJanela(1100, 720);
+constexpr int TempoDoRecado = 5000; // ms
 constexpr int AlturaDosAvisos = 120;
 
 QString FiltroDeBibliotecas()
@@ -43,10 +43,23 @@ QString FiltroDeBibliotecas()
     return TJanelaPrincipal::tr("Bibliotecas de símbolos (*.txt);;Todos os arquivos (*)");
 }
 
-QString ArquivoArrastado(const QMimeData &Dados)
+QStringList ArquivosArrastados(const QMimeData &Dados)
 {
-    const QList<QUrl> Enderecos = Dados.urls();
-    return Enderecos.size() == 1 ? Enderecos.constFirst().toLocalFile() : QString();
+    QStringList Arquivos;
+    for (const QUrl &Endereco : Dados.urls())
+        if (const QString Arquivo = Endereco.toLocalFile(); !Arquivo.isEmpty())
+            Arquivos += Arquivo;
+    Arquivos.sort();
+    return Arquivos;
+}
+
+bool EFigura(const QString &Arquivo)
+{
+    try {
+        return Sibrel::TXMLDocument::DeArquivo(Arquivo)->Raiz().NomeE(u"FiguraVet");
+    } catch (const Sibrel::Exception &) {
+        return false; // whoever opens it says what is wrong with it
+    }
 }
 
 } // namespace
@@ -54,28 +67,60 @@ QString ArquivoArrastado(const QMimeData &Dados)
 TJanelaPrincipal::TJanelaPrincipal(QWidget *Dono)
     : QMainWindow(Dono)
     , FBiblioteca(std::make_unique<TBiblioteca>())
-    , FFolha(new TFolhaDeSimbolos(this))
+    , FPaginas(new QTabWidget(this))
+    , FPaginaDeSimbolos(new TPaginaDeSimbolos)
+    , FPainelDaArvore(new TPainelDaArvore)
+    , FGaleria(new TGaleria)
     , FAvisos(new TPainelDeAvisos(this))
 {
-    FModelo.AtribuirTabela(&FBiblioteca->Tabela());
-    FFolha->setModel(&FModelo);
-    setCentralWidget(FFolha);
+    FPaginas->setDocumentMode(true);
+    setCentralWidget(FPaginas);
     addDockWidget(Qt::BottomDockWidgetArea, FAvisos);
     resizeDocks({FAvisos}, {AlturaDosAvisos}, Qt::Vertical);
     FAvisos->hide();
-    MontarFerramentas();
     MontarMenus();
     MontarEstado();
+    FPaginaDeSimbolos->AtribuirBiblioteca(FBiblioteca.get());
+    FPainelDaArvore->AtribuirTabela(&FBiblioteca->Tabela());
+    AcrescentarPagina(FPaginaDeSimbolos);
+    AcrescentarPagina(FPainelDaArvore);
+    AcrescentarPagina(FGaleria);
+    connect(FPaginaDeSimbolos, &TPaginaDeSimbolos::SimboloAtivado, this,
+            &TJanelaPrincipal::MostrarFiguraDoSimbolo);
     setAcceptDrops(true);
     resize(TamanhoDaJanela);
-    FFolha->setFocus();
-    MostrarEstado();
+    MostrarPagina(FPaginaDeSimbolos);
 }
 
 TJanelaPrincipal::~TJanelaPrincipal()
 {
-    FFolha->setModel(nullptr);
-    FModelo.AtribuirTabela(nullptr);
+    // The pages go one by one when most of the window has gone, and have nothing to tell it any more.
+    disconnect(FPaginas, nullptr, this, nullptr);
+    for (int I = 0; I < FPaginas->count(); ++I)
+        disconnect(FPaginas->widget(I), nullptr, this, nullptr);
+    FPaginaDeSimbolos->AtribuirBiblioteca(nullptr);
+}
+
+void TJanelaPrincipal::AcrescentarPagina(TPagina *Pagina)
+{
+    FPaginas->addTab(Pagina, Pagina->Titulo());
+    Pagina->MontarMenus(*menuBar());
+    connect(Pagina, &TPagina::EstadoMudou, this, &TJanelaPrincipal::MostrarEstado);
+    connect(Pagina, &TPagina::Recado, this,
+            [this](const QString &Texto) { statusBar()->showMessage(Texto, TempoDoRecado); });
+    connect(Pagina, &TPagina::Erro, this,
+            [this](const QString &Mensagem, const QString &Detalhe) { MostrarErro(Mensagem, Detalhe); });
+}
+
+void TJanelaPrincipal::MostrarPagina(TPagina *Pagina)
+{
+    FPaginas->setCurrentWidget(Pagina);
+    Pagina->setFocus();
+}
+
+TPagina *TJanelaPrincipal::PaginaAtual() const
+{
+    return static_cast<TPagina *>(FPaginas->currentWidget());
 }
 
 bool TJanelaPrincipal::Abrir(const QString &Arquivo)
@@ -88,12 +133,35 @@ bool TJanelaPrincipal::Abrir(const QString &Arquivo)
         MostrarErro(E.Message, E.Detalhe);
         return false;
     }
-    FModelo.AtribuirTabela(&Nova->Tabela());
-    FBiblioteca = std::move(Nova);
-    FAvisos->Mostrar(FBiblioteca->Avisos(), Arquivo);
-    FFolha->IrPara(0);
-    MostrarEstado();
+    Trocar(std::move(Nova), Arquivo);
     return true;
+}
+
+// `Lugar`: the file beside which pictures may stand.
+void TJanelaPrincipal::Trocar(std::unique_ptr<TBiblioteca> Nova, const QString &Lugar)
+{
+    FPaginaDeSimbolos->AtribuirBiblioteca(Nova.get());
+    FPainelDaArvore->AtribuirTabela(&Nova->Tabela());
+    FBiblioteca = std::move(Nova);
+    FAvisos->Mostrar(FBiblioteca->Avisos(), FBiblioteca->Origem());
+    FPaginaDeSimbolos->Folha().IrPara(0);
+    FGaleria->AtribuirBiblioteca(Lugar);
+    MostrarEstado();
+}
+
+void TJanelaPrincipal::AbrirBanco(const QString &Endereco)
+{
+    auto Nova = std::make_shared<std::unique_ptr<TBiblioteca>>(std::make_unique<TBiblioteca>());
+    std::shared_ptr<TBancoDoExercicio> Banco;
+    try {
+        Banco = std::make_shared<TBancoDoExercicio>(Endereco);
+        (*Nova)->AbrirBanco(*Banco, FFontes);
+    } catch (const Sibrel::Exception &E) {
+        MostrarErro(E.Message, E.Detalhe);
+        return;
+    }
+    const QString Lugar = Banco->LugarDasFontes();
+    FPainelDaArvore->AbrirBanco(std::move(Banco), [this, Nova, Lugar] { Trocar(std::move(*Nova), Lugar); });
 }
 
 bool TJanelaPrincipal::AbrirFigura(const QString &Arquivo)
@@ -131,13 +199,13 @@ bool TJanelaPrincipal::Exportar(const QString &Arquivo)
         return false;
     }
     MostrarEstado();
-    statusBar()->showMessage(tr("Biblioteca gravada em %1").arg(Arquivo), 5000);
+    statusBar()->showMessage(tr("Biblioteca gravada em %1").arg(Arquivo), TempoDoRecado);
     return true;
 }
 
 void TJanelaPrincipal::AtribuirTamanho(int Pixels)
 {
-    FTamanho->setValue(Pixels);
+    FPaginaDeSimbolos->AtribuirTamanho(Pixels);
 }
 
 void TJanelaPrincipal::MostrarErro(const QString &Mensagem, const QString &Detalhe)
@@ -153,7 +221,6 @@ void TJanelaPrincipal::MontarMenus()
 {
     MontarMenuArquivo();
     MontarMenuLocalizar();
-    MontarMenuExibir();
 }
 
 void TJanelaPrincipal::MontarMenuArquivo()
@@ -162,6 +229,9 @@ void TJanelaPrincipal::MontarMenuArquivo()
     QAction *AbrirAcao =
         Menu->addAction(tr("&Abrir biblioteca..."), this, &TJanelaPrincipal::PerguntarEAbrir);
     AbrirAcao->setShortcut(QKeySequence::Open);
+    QAction *BancoAcao =
+        Menu->addAction(tr("Abrir &banco..."), this, &TJanelaPrincipal::PerguntarEAbrirBanco);
+    BancoAcao->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_B));
     QAction *FiguraAcao =
         Menu->addAction(tr("Abrir f&igura..."), this, &TJanelaPrincipal::PerguntarEAbrirFigura);
     FiguraAcao->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_O));
@@ -178,81 +248,14 @@ void TJanelaPrincipal::MontarMenuArquivo()
 void TJanelaPrincipal::MontarMenuLocalizar()
 {
     QMenu *Menu = menuBar()->addMenu(tr("&Localizar"));
-    QAction *Rotulo = Menu->addAction(tr("&Rótulo..."), this, [this] {
-        FBusca->setFocus(Qt::ShortcutFocusReason);
-        FBusca->selectAll();
-    });
-    Rotulo->setShortcut(QKeySequence::Find);
-    QAction *Proximo = Menu->addAction(tr("&Próximo"), this, [this] { ProcurarOutro(false); });
+    QAction *Texto = Menu->addAction(tr("&Texto..."), this, [this] { PaginaAtual()->Localizar(); });
+    Texto->setShortcut(QKeySequence::Find);
+    QAction *Proximo =
+        Menu->addAction(tr("&Próximo"), this, [this] { PaginaAtual()->LocalizarOutro(false); });
     Proximo->setShortcut(QKeySequence(Qt::Key_F3));
-    QAction *Anterior = Menu->addAction(tr("&Anterior"), this, [this] { ProcurarOutro(true); });
+    QAction *Anterior =
+        Menu->addAction(tr("&Anterior"), this, [this] { PaginaAtual()->LocalizarOutro(true); });
     Anterior->setShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F3));
-}
-
-void TJanelaPrincipal::MontarMenuExibir()
-{
-    QMenu *Menu = menuBar()->addMenu(tr("E&xibir"));
-    QAction *Maiores = Menu->addAction(tr("Símbolos &maiores"), this,
-                                       [this] { AtribuirTamanho(FTamanho->value() + PassoDoTamanho); });
-    Maiores->setShortcut(QKeySequence::ZoomIn);
-    QAction *Menores = Menu->addAction(tr("Símbolos m&enores"), this,
-                                       [this] { AtribuirTamanho(FTamanho->value() - PassoDoTamanho); });
-    Menores->setShortcut(QKeySequence::ZoomOut);
-    Menu->addSeparator();
-    Menu->addAction(FAvisos->toggleViewAction());
-    connect(FFolha, &TFolhaDeSimbolos::PassoDeTamanho, this,
-            [this](int Sentido) { AtribuirTamanho(FTamanho->value() + Sentido * PassoDoTamanho); });
-}
-
-void TJanelaPrincipal::MontarFerramentas()
-{
-    QToolBar *Barra = addToolBar(tr("Ferramentas"));
-    Barra->setObjectName(QStringLiteral("Ferramentas"));
-    Barra->setMovable(false);
-    MontarTamanho(*Barra);
-    auto *Cor = new TBotaoDeCor(Barra);
-    connect(Cor, &TBotaoDeCor::CorMudou, FFolha, &TFolhaDeSimbolos::AtribuirCor);
-    Barra->addWidget(Cor);
-    Barra->addSeparator();
-    MontarBusca(*Barra);
-}
-
-void TJanelaPrincipal::MontarTamanho(QToolBar &Barra)
-{
-    FTamanho = new QSlider(Qt::Horizontal, &Barra);
-    FTamanho->setRange(MenorTamanho, MaiorTamanho);
-    FTamanho->setPageStep(PassoDoTamanho);
-    FTamanho->setMaximumWidth(LarguraDoControle);
-    FTamanho->setToolTip(tr("Lado dos símbolos, em pixels"));
-    auto *Nome = new QLabel(tr("&Tamanho: "), &Barra);
-    Nome->setBuddy(FTamanho);
-    auto *Valor = new QLabel(&Barra);
-    // Wide enough for every size, so that the tools beside it stand still.
-    Valor->setMinimumWidth(Valor->fontMetrics().horizontalAdvance(tr(" %1 px ").arg(MaiorTamanho)));
-    connect(FTamanho, &QSlider::valueChanged, this, [this, Valor](int Pixels) {
-        Valor->setText(tr(" %1 px ").arg(Pixels));
-        FFolha->AtribuirTamanho(Pixels);
-    });
-    FTamanho->setValue(TamanhoInicial);
-    Barra.addWidget(Nome);
-    Barra.addWidget(FTamanho);
-    Barra.addWidget(Valor);
-}
-
-void TJanelaPrincipal::MontarBusca(QToolBar &Barra)
-{
-    FBusca = new QLineEdit(&Barra);
-    FBusca->setPlaceholderText(tr("Localizar rótulo"));
-    FBusca->setToolTip(tr("Parte de um rótulo; maiúsculas e acentos não contam. Enter ou F3: o próximo"));
-    FBusca->setAccessibleName(tr("Localizar rótulo"));
-    FBusca->setClearButtonEnabled(true);
-    // While the text grows the symbol that was found stays, as long as it still fits.
-    connect(FBusca, &QLineEdit::textEdited, this,
-            [this] { Procurar(FFolha->currentIndex().row() - 1, false); });
-    connect(FBusca, &QLineEdit::returnPressed, this, [this] { ProcurarOutro(false); });
-    Barra.addWidget(FBusca);
-    QAction *Proximo = Barra.addAction(tr("Próximo"), this, [this] { ProcurarOutro(false); });
-    Proximo->setToolTip(tr("Próximo rótulo com o texto (F3)"));
 }
 
 void TJanelaPrincipal::MontarEstado()
@@ -262,11 +265,7 @@ void TJanelaPrincipal::MontarEstado()
     FAtual->setTextFormat(Qt::PlainText);
     statusBar()->addWidget(FAtual, 1);
     statusBar()->addPermanentWidget(FContagem);
-    connect(FFolha->selectionModel(), &QItemSelectionModel::currentChanged, this,
-            &TJanelaPrincipal::MostrarAtual);
-    connect(FFolha, &QAbstractItemView::activated, this,
-            [this](const QModelIndex &Indice) { MostrarFiguraDoSimbolo(Indice.row()); });
-    connect(&FModelo, &QAbstractItemModel::modelReset, this, &TJanelaPrincipal::MostrarAtual);
+    connect(FPaginas, &QTabWidget::currentChanged, this, &TJanelaPrincipal::MostrarEstado);
 }
 
 void TJanelaPrincipal::PerguntarEAbrir()
@@ -275,6 +274,15 @@ void TJanelaPrincipal::PerguntarEAbrir()
         this, tr("Abrir biblioteca"), QFileInfo(FBiblioteca->Arquivo()).path(), FiltroDeBibliotecas());
     if (!Arquivo.isEmpty())
         Abrir(Arquivo);
+}
+
+void TJanelaPrincipal::PerguntarEAbrirBanco()
+{
+    const QString Arquivo = QFileDialog::getOpenFileName(
+        this, tr("Abrir banco"), QFileInfo(FBiblioteca->Arquivo()).path(),
+        tr("Bancos de dados SQLite (*.sqlite *.sqlite3 *.db);;Todos os arquivos (*)"));
+    if (!Arquivo.isEmpty())
+        AbrirBanco(Arquivo);
 }
 
 void TJanelaPrincipal::PerguntarEAbrirFigura()
@@ -301,67 +309,54 @@ void TJanelaPrincipal::PerguntarEGravarFolha()
     if (Arquivo.isEmpty())
         return;
     try {
-        GravarImagem(FolhaEmImagem(FBiblioteca->Tabela(), FFolha->Tamanho(), FFolha->font(), FFolha->Cor()),
+        const TFolhaDeSimbolos &Folha = FPaginaDeSimbolos->Folha();
+        GravarImagem(FolhaEmImagem(FBiblioteca->Tabela(), Folha.Tamanho(), Folha.font(), Folha.Cor()),
                      Arquivo);
-        statusBar()->showMessage(tr("Folha gravada em %1").arg(Arquivo), 5000);
+        statusBar()->showMessage(tr("Folha gravada em %1").arg(Arquivo), TempoDoRecado);
     } catch (const Sibrel::Exception &E) {
         MostrarErro(E.Message, E.Detalhe);
     }
 }
 
-void TJanelaPrincipal::Procurar(int APartirDe, bool ParaTras)
-{
-    const int Achada = FModelo.Procurar(FBusca->text(), APartirDe, ParaTras);
-    if (Achada >= 0)
-        FFolha->IrPara(Achada);
-    else if (!FBusca->text().isEmpty())
-        statusBar()->showMessage(tr("Nenhum rótulo contém \"%1\"").arg(FBusca->text()), 5000);
-}
-
-void TJanelaPrincipal::ProcurarOutro(bool ParaTras)
-{
-    Procurar(FFolha->currentIndex().row(), ParaTras);
-}
-
 void TJanelaPrincipal::MostrarEstado()
 {
-    const QString Arquivo = FBiblioteca->Arquivo();
+    const TPagina *Pagina = PaginaAtual();
+    if (Pagina == nullptr)
+        return;
+    const QString Arquivo = Pagina->Arquivo();
     setWindowTitle(Arquivo.isEmpty() ? QString() : QFileInfo(Arquivo).fileName());
     setWindowFilePath(Arquivo);
-    const qsizetype Avisos = qsizetype(FBiblioteca->Avisos().size());
-    QString Texto =
-        FBiblioteca->Quantos() == 1 ? tr("1 símbolo") : tr("%1 símbolos").arg(FBiblioteca->Quantos());
-    if (Avisos > 0)
-        Texto += Avisos == 1 ? tr(", 1 aviso") : tr(", %1 avisos").arg(Avisos);
-    FContagem->setText(Texto);
-}
-
-void TJanelaPrincipal::MostrarAtual()
-{
-    const QModelIndex Atual = FFolha->currentIndex();
-    if (!Atual.isValid()) {
-        FAtual->clear();
-        return;
-    }
-    const Sibrel::ISimbolo &Simbolo = *FBiblioteca->Tabela().Simbolos().Item(Atual.row());
-    FAtual->setText(QStringLiteral("%1: %2 (%3)")
-                        .arg(QString::number(Atual.row()), Atual.data().toString(), TipoDoSimbolo(Simbolo)));
+    FAtual->setText(Pagina->Atual());
+    FContagem->setText(Pagina->Contagem());
 }
 
 void TJanelaPrincipal::dragEnterEvent(QDragEnterEvent *Evento)
 {
-    if (!ArquivoArrastado(*Evento->mimeData()).isEmpty())
+    if (!ArquivosArrastados(*Evento->mimeData()).isEmpty())
         Evento->acceptProposedAction();
 }
 
 void TJanelaPrincipal::dropEvent(QDropEvent *Evento)
 {
-    if (const QString Arquivo = ArquivoArrastado(*Evento->mimeData()); !Arquivo.isEmpty()) {
+    const QStringList Arquivos = ArquivosArrastados(*Evento->mimeData());
+    if (!Arquivos.isEmpty())
         Evento->acceptProposedAction();
-        if (Arquivo.endsWith(QLatin1String(".xml"), Qt::CaseInsensitive))
-            AbrirFigura(Arquivo);
-        else
-            Abrir(Arquivo);
+    for (const QString &Arquivo : Arquivos)
+        AbrirSolto(Arquivo);
+}
+
+// Figures and trees are both XML: the document element tells them apart.
+void TJanelaPrincipal::AbrirSolto(const QString &Arquivo)
+{
+    if (Arquivo.endsWith(QLatin1String(".sqlite"), Qt::CaseInsensitive)) {
+        AbrirBanco(Arquivo);
+    } else if (!Arquivo.endsWith(QLatin1String(".xml"), Qt::CaseInsensitive)) {
+        Abrir(Arquivo);
+    } else if (EFigura(Arquivo)) {
+        AbrirFigura(Arquivo);
+    } else {
+        MostrarPagina(FPainelDaArvore);
+        FPainelDaArvore->Receber(Arquivo);
     }
 }
 

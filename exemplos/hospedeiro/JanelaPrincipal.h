@@ -3,17 +3,13 @@
 
 #include "hospedeiro/Biblioteca.h"
 #include "hospedeiro/FontesDaBiblioteca.h"
-#include "hospedeiro/ModeloDeSimbolos.h"
 
 #include <QMainWindow>
 
 #include <memory>
 
 class QLabel;
-class QLineEdit;
-class QMenu;
-class QSlider;
-class QToolBar;
+class QTabWidget;
 
 namespace Sibrel
 {
@@ -23,11 +19,14 @@ class TSimboloVetorial;
 namespace Hospedeiro
 {
 
-class TBotaoDeCor;
-class TFolhaDeSimbolos;
+class TGaleria;
+class TPagina;
+class TPaginaDeSimbolos;
+class TPainelDaArvore;
 class TPainelDeAvisos;
 
-/// The window: a symbol library as a sheet, with the tools to look through it.
+/// The window: a symbol library as a sheet, a tree drawn with its symbols and a gallery of silhouettes, each
+/// on its page.
 class TJanelaPrincipal : public QMainWindow
 {
     Q_OBJECT
@@ -36,9 +35,17 @@ public:
     explicit TJanelaPrincipal(QWidget *Dono = nullptr);
     ~TJanelaPrincipal() override;
 
+    /// Adds a page behind the others; the window owns it.
+    void AcrescentarPagina(TPagina *Pagina);
+    /// Brings a page to the front.
+    void MostrarPagina(TPagina *Pagina);
+
     /// Opens a library in place of the present one. On an error tells the user and keeps the present one;
     /// false then.
     bool Abrir(const QString &Arquivo);
+    /// Opens the symbols and the units of a database (TBancoDoExercicio) in place of library and tree: both,
+    /// when the units too have been read, or, with a message to the user, none.
+    void AbrirBanco(const QString &Endereco);
     /// Opens a figure file in a window of its own, beside the library. False and a message on an error.
     bool AbrirFigura(const QString &Arquivo);
     /// Writes the library; false and a message to the user on an error.
@@ -47,6 +54,8 @@ public:
     void AtribuirTamanho(int Pixels);
 
     const TBiblioteca &Biblioteca() const noexcept { return *FBiblioteca; }
+    TPainelDaArvore &PainelDaArvore() noexcept { return *FPainelDaArvore; }
+    TGaleria &Galeria() noexcept { return *FGaleria; }
 
 protected:
     void dragEnterEvent(QDragEnterEvent *Evento) override;
@@ -59,30 +68,27 @@ protected:
 private:
     void MontarMenus();
     void MontarMenuArquivo();
-    void MontarMenuExibir();
     void MontarMenuLocalizar();
-    void MontarFerramentas();
-    void MontarTamanho(QToolBar &Barra);
-    void MontarBusca(QToolBar &Barra);
     void MontarEstado();
+    TPagina *PaginaAtual() const;
 
+    void Trocar(std::unique_ptr<TBiblioteca> Nova, const QString &Lugar);
     void PerguntarEAbrir();
+    void PerguntarEAbrirBanco();
     void PerguntarEAbrirFigura();
     void MostrarFiguraDoSimbolo(int Indice);
     void PerguntarEExportar();
     void PerguntarEGravarFolha();
-    void Procurar(int APartirDe, bool ParaTras);
-    void ProcurarOutro(bool ParaTras);
+    void AbrirSolto(const QString &Arquivo);
     void MostrarEstado();
-    void MostrarAtual();
 
     TFontesDaBiblioteca FFontes;
     std::unique_ptr<TBiblioteca> FBiblioteca;
-    TModeloDeSimbolos FModelo;
-    TFolhaDeSimbolos *FFolha;
+    QTabWidget *FPaginas;
+    TPaginaDeSimbolos *FPaginaDeSimbolos;
+    TPainelDaArvore *FPainelDaArvore;
+    TGaleria *FGaleria;
     TPainelDeAvisos *FAvisos;
-    QSlider *FTamanho = nullptr;
-    QLineEdit *FBusca = nullptr;
     QLabel *FContagem = nullptr;
     QLabel *FAtual = nullptr;
 };

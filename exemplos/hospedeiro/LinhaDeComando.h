@@ -20,7 +20,12 @@ struct TPedido {
     std::optional<QString> Folha;      ///< picture file for the sheet of the library
     std::optional<QString> Exportar;   ///< library file to write
     std::optional<QString> Figura;     ///< figure file to open
-    std::optional<QString> Captura;    ///< picture file for that figure
+    std::optional<QString> Captura;    ///< picture file for that figure or for the tree
+    std::optional<QString> Banco;      ///< database to take symbols and tree from
+    std::optional<QString> Arvore;     ///< tree document to open
+    std::optional<QString> Vigiar;     ///< folder whose new documents update the tree
+    QStringList Atualizacoes;          ///< documents to update the tree with, in this order
+    QString Raiz;                      ///< name of the documents' root element; empty accepts any
     std::optional<QString> Texto;      ///< the help or the version, to be printed in place of any work
     int Tamanho = TamanhoInicial;      ///< side of a symbol, logical pixels
     bool Listar = false;

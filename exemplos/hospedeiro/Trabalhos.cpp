@@ -1,7 +1,12 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "hospedeiro/Trabalhos.h"
 
+#include "hospedeiro/AplicarDocumento.h"
+#include "hospedeiro/ArvoreDoHospedeiro.h"
+#include "hospedeiro/ArvoreEmImagem.h"
+#include "hospedeiro/BancoDoExercicio.h"
 #include "hospedeiro/Biblioteca.h"
+#include "hospedeiro/DescricaoDaArvore.h"
 #include "hospedeiro/DescricaoDeFigura.h"
 #include "hospedeiro/DescricaoDeSimbolo.h"
 #include "hospedeiro/FolhaEmImagem.h"
@@ -13,8 +18,10 @@
 
 #include <QFile>
 #include <QFont>
+#include <QTemporaryDir>
 
 #include <cstdio>
+#include <optional>
 #include <vector>
 
 namespace Hospedeiro
@@ -58,16 +65,55 @@ QFont FonteDosRotulos()
     return Fonte;
 }
 
-void ExecutarComBiblioteca(const TPedido &Pedido)
+void AbrirComAvisos(TBiblioteca &Biblioteca, TBancoDoExercicio &Banco)
 {
-    TBiblioteca Biblioteca;
-    AbrirComAvisos(Biblioteca, *Pedido.Biblioteca);
+    TFontesDaBiblioteca Fontes;
+    Biblioteca.AbrirBanco(Banco, Fontes);
+    EscreverAvisos(Biblioteca.Avisos());
+}
+
+void ExecutarComSimbolos(const TPedido &Pedido, TBiblioteca &Biblioteca)
+{
     if (Pedido.Exportar)
         EscreverAvisos(Biblioteca.Exportar(*Pedido.Exportar));
     if (Pedido.Folha)
         GravarImagem(FolhaEmImagem(Biblioteca.Tabela(), Pedido.Tamanho, FonteDosRotulos()), *Pedido.Folha);
-    if (Pedido.Listar)
+    if (Pedido.Listar && !Pedido.Arvore && !Pedido.Banco)
         Escrever(ListaDaTabela(Biblioteca.Tabela()));
+}
+
+// What an update that fails would keep for later is still there as the file that was named.
+class TSemArquivosDeErro
+{
+public:
+    TSemArquivosDeErro() { Sibrel::TPreparaAtualizacao::AtribuirPastaDeErros(FPasta.path()); }
+    ~TSemArquivosDeErro() { Sibrel::TPreparaAtualizacao::AtribuirPastaDeErros({}); }
+    TSemArquivosDeErro(const TSemArquivosDeErro &) = delete;
+    TSemArquivosDeErro &operator=(const TSemArquivosDeErro &) = delete;
+
+private:
+    QTemporaryDir FPasta;
+};
+
+void ExecutarComArvore(const TPedido &Pedido, Sibrel::TTabelaDeSimbolos *Tabela, TBancoDoExercicio *Banco)
+{
+    const TSemArquivosDeErro SemArquivos;
+    TArvoreDoHospedeiro Arvore;
+    Arvore.setFont(FonteDosRotulos());
+    Arvore.ElementoRaiz = Pedido.Raiz;
+    Arvore.AtribuirTabelaDeSimbolos(Tabela);
+    if (Banco != nullptr)
+        AplicarBanco(Arvore, *Banco);
+    QStringList Documentos = Pedido.Atualizacoes;
+    if (Pedido.Arvore)
+        Documentos.prepend(*Pedido.Arvore);
+    for (const QString &Documento : Documentos)
+        if (AplicarDocumento(Arvore, Documento) == 0)
+            EscreverErro(QStringLiteral("Aviso: O documento <%1> não diz nada à árvore.").arg(Documento), {});
+    if (Pedido.Captura)
+        GravarImagem(ArvoreEmImagem(Arvore), *Pedido.Captura);
+    if (Pedido.Listar)
+        Escrever(ListaDaArvore(Arvore));
 }
 
 void ExecutarComFigura(const TPedido &Pedido)
@@ -93,12 +139,23 @@ void EscreverErro(const QString &Mensagem, const QString &Detalhe)
 
 void Executar(const TPedido &Pedido)
 {
-    if (Pedido.Texto)
+    if (Pedido.Texto) {
         Escrever(*Pedido.Texto);
-    else if (Pedido.Figura)
+        return;
+    }
+    if (Pedido.Figura) {
         ExecutarComFigura(Pedido);
-    else
-        ExecutarComBiblioteca(Pedido);
+        return;
+    }
+    std::optional<TBancoDoExercicio> Banco;
+    TBiblioteca Biblioteca;
+    if (Pedido.Banco)
+        AbrirComAvisos(Biblioteca, Banco.emplace(*Pedido.Banco));
+    else if (Pedido.Biblioteca)
+        AbrirComAvisos(Biblioteca, *Pedido.Biblioteca);
+    ExecutarComSimbolos(Pedido, Biblioteca);
+    if (Pedido.Arvore || (Banco && (Pedido.Listar || Pedido.Captura)))
+        ExecutarComArvore(Pedido, &Biblioteca.Tabela(), Banco ? &*Banco : nullptr);
 }
 
 } // namespace Hospedeiro

@@ -9,7 +9,7 @@
 namespace Hospedeiro
 {
 
-/// Does what is asked, in the order export, sheet, list. Warnings go to the error output. Raises
+/// Does what is asked, in the order export, sheet, picture, list. Warnings go to the error output. Raises
 /// Sibrel::Exception; what was done before the error stays done.
 void Executar(const TPedido &Pedido);
 

@@ -1,13 +1,18 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // The example host: shows a symbol library in a window, or works on it from the command line.
+#include "hospedeiro/Alimentacao.h"
+#include "hospedeiro/ArvoreDoHospedeiro.h"
 #include "hospedeiro/JanelaPrincipal.h"
 #include "hospedeiro/LinhaDeComando.h"
+#include "hospedeiro/PainelDaArvore.h"
 #include "hospedeiro/Trabalhos.h"
 #include "hospedeiro/Tradutor.h"
 
 #include "plataforma/Exception.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QStandardPaths>
 
 #include <cstdlib>
 
@@ -24,8 +29,35 @@ bool TemTela()
 #endif
 }
 
+void AbrirArvore(Hospedeiro::TJanelaPrincipal &Janela, const Hospedeiro::TPedido &Pedido)
+{
+    Hospedeiro::TPainelDaArvore &Painel = Janela.PainelDaArvore();
+    Painel.Arvore().ElementoRaiz = Pedido.Raiz;
+    if (!Pedido.Arvore && !Pedido.Banco && !Pedido.Vigiar)
+        return;
+    Janela.MostrarPagina(&Painel);
+    if (Pedido.Banco)
+        Janela.AbrirBanco(*Pedido.Banco);
+    if (Pedido.Arvore)
+        Painel.Abrir(*Pedido.Arvore);
+    for (const QString &Documento : Pedido.Atualizacoes)
+        Painel.Atualizar(Documento);
+    if (Pedido.Vigiar)
+        Painel.Alimentacao().Vigiar(*Pedido.Vigiar);
+}
+
+// Documents of failed updates are kept where the user may write, which the program's own folder seldom is.
+void EscolherPastaDeErros()
+{
+    const QDir Pasta(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation) +
+                     QStringLiteral("/erros"));
+    if (Pasta.mkpath(QStringLiteral(".")))
+        Sibrel::TPreparaAtualizacao::AtribuirPastaDeErros(Pasta.path());
+}
+
 int Mostrar(const Hospedeiro::TPedido &Pedido)
 {
+    EscolherPastaDeErros();
     Hospedeiro::TJanelaPrincipal Janela;
     Janela.AtribuirTamanho(Pedido.Tamanho);
     Janela.show();
@@ -33,6 +65,7 @@ int Mostrar(const Hospedeiro::TPedido &Pedido)
         Janela.Abrir(*Pedido.Biblioteca);
     if (Pedido.Figura)
         Janela.AbrirFigura(*Pedido.Figura);
+    AbrirArvore(Janela, Pedido);
     return QApplication::exec();
 }
 

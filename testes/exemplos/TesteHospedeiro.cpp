@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // The example host as a user of the command line meets it: the program itself is run.
+#include "Programa.h"
 #include "comum/Dados.h"
 
 #include <QDir>
 #include <QImage>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -14,12 +14,6 @@ namespace
 {
 
 const QString VejaAAjuda = QStringLiteral("Veja as opções com --ajuda.\n");
-
-struct TResultado {
-    QString Saida;
-    QString Erros;
-    int Codigo = -1;
-};
 
 } // namespace
 
@@ -72,19 +66,7 @@ void TesteHospedeiro::init()
 
 TResultado TesteHospedeiro::Rodar(const QStringList &Argumentos) const
 {
-    QProcess Programa;
-    QProcessEnvironment Ambiente = QProcessEnvironment::systemEnvironment();
-    // As on a machine without a display; without a folder of its own Qt would speak up among the errors.
-    for (const char *Nome : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "QT_STYLE_OVERRIDE"})
-        Ambiente.remove(QLatin1String(Nome));
-    Ambiente.insert(QStringLiteral("XDG_RUNTIME_DIR"), FPasta->path());
-    Programa.setProcessEnvironment(Ambiente);
-    Programa.setWorkingDirectory(FPasta->path());
-    Programa.start(QStringLiteral(SIBREL_HOSPEDEIRO), Argumentos);
-    if (!Programa.waitForFinished(120000) || Programa.exitStatus() != QProcess::NormalExit)
-        return {{}, QStringLiteral("o programa não terminou bem: ") + Programa.errorString(), -1};
-    return {QString::fromUtf8(Programa.readAllStandardOutput()),
-            QString::fromUtf8(Programa.readAllStandardError()), Programa.exitCode()};
+    return RodarPrograma(QStringLiteral(SIBREL_HOSPEDEIRO), FPasta->path(), Argumentos);
 }
 
 TResultado TesteHospedeiro::RodarComBiblioteca(const QByteArray &Conteudo,
@@ -379,12 +361,21 @@ void TesteHospedeiro::ErrosDeUso_data()
     DeUso("falta o valor", "--biblioteca", QStringLiteral("Falta o valor da opção <--biblioteca>!"));
     DeUso("valor a mais", "--listar=sim", QStringLiteral("A opção <--listar> não leva valor!"));
     DeUso("argumento solto", "solto", QStringLiteral("O argumento <solto> não pertence a nenhuma opção!"));
-    DeUso("lista sem arquivo", "--listar", QStringLiteral("Falta a opção --biblioteca ou --figura!"));
-    DeUso("folha sem biblioteca", "--folha f.png", QStringLiteral("Falta a opção --biblioteca!"));
-    DeUso("folha de figura", "--figura f.xml --folha f.png", QStringLiteral("Falta a opção --biblioteca!"));
-    DeUso("captura sem figura", "--captura f.png", QStringLiteral("Falta a opção --figura!"));
+    DeUso("lista sem arquivo", "--listar",
+          QStringLiteral("Falta a opção --biblioteca, --figura, --arvore ou --banco!"));
+    DeUso("folha sem biblioteca", "--folha f.png", QStringLiteral("Falta a opção --biblioteca ou --banco!"));
+    DeUso("folha de figura", "--figura f.xml --folha f.png",
+          QStringLiteral("Falta a opção --biblioteca ou --banco!"));
+    DeUso("captura sem figura", "--captura f.png",
+          QStringLiteral("Falta a opção --figura, --arvore ou --banco!"));
     DeUso("os dois", "--biblioteca b --figura f --listar",
           QStringLiteral("As opções --biblioteca e --figura não vão juntas!"));
+    DeUso("banco e biblioteca", "--banco b --biblioteca b --listar",
+          QStringLiteral("As opções --banco e --biblioteca não vão juntas!"));
+    DeUso("banco e arvore", "--banco b --arvore a",
+          QStringLiteral("As opções --banco e --arvore não vão juntas!"));
+    DeUso("banco e figura", "--figura f --banco b",
+          QStringLiteral("As opções --banco e --figura não vão juntas!"));
     DeUso("biblioteca sem nome", "--biblioteca= --listar",
           QStringLiteral("A opção --biblioteca precisa de um nome de arquivo!"));
     DeUso("duas folhas", "--folha a.png --folha b.png",
@@ -412,8 +403,9 @@ void TesteHospedeiro::AAjudaDizOFormatoDaLista()
         QCOMPARE(R.Codigo, 0);
         QCOMPARE(R.Erros, QString());
         QVERIFY(R.Saida.startsWith(QStringLiteral("Uso: ")));
-        for (const char *Parte : {"--biblioteca", "--folha", "--tamanho", "--listar", "--exportar",
-                                  "--figura", "--captura", "índice, tipo, rótulo", "Opções:"})
+        for (const char *Parte :
+             {"--biblioteca", "--folha", "--tamanho", "--listar", "--exportar", "--figura", "--captura",
+              "--banco", "--arvore", "--raiz", "--atualizar", "--vigiar", "índice, tipo, rótulo", "Opções:"})
             QVERIFY2(R.Saida.contains(QString::fromUtf8(Parte)), Parte);
     }
 }

@@ -4,6 +4,7 @@
 #include "hospedeiro/FolhaDeSimbolos.h"
 #include "hospedeiro/JanelaDaFigura.h"
 #include "hospedeiro/JanelaPrincipal.h"
+#include "hospedeiro/PaginaDeSimbolos.h"
 #include "hospedeiro/PainelDeAvisos.h"
 #include "hospedeiro/PinturaDeSimbolo.h"
 
@@ -164,7 +165,7 @@ void TesteJanela::OTamanhoEACorChegamAFolha()
 {
     FJanela->findChild<QSlider *>()->setValue(100);
     QCOMPARE(Folha().Tamanho(), 100);
-    FJanela->findChild<TBotaoDeCor *>()->AtribuirCor(Qt::red);
+    FJanela->findChild<TPaginaDeSimbolos *>()->findChild<TBotaoDeCor *>()->AtribuirCor(Qt::red);
     QCOMPARE(Folha().Cor(), QColor(Qt::red));
 }
 
@@ -184,7 +185,7 @@ void TesteJanela::ABuscaPeloTeclado()
                                                            "Composto   \"Opera\xE7\xF5"
                                                            "es\" 0\n")));
     QTest::keyClick(FJanela.get(), Qt::Key_F, Qt::ControlModifier);
-    auto *Busca = FJanela->findChild<QLineEdit *>();
+    auto *Busca = FJanela->findChild<TPaginaDeSimbolos *>()->findChild<QLineEdit *>();
     QVERIFY(Busca->hasFocus());
     QTest::keyClicks(Busca, QStringLiteral("operac"));
     QCOMPARE(Folha().currentIndex().row(), 0); // still fits while the text grows

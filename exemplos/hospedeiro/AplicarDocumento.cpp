@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "hospedeiro/AplicarDocumento.h"
+
+#include "hospedeiro/ArvoreDoHospedeiro.h"
+#include "hospedeiro/BancoDoExercicio.h"
+#include "hospedeiro/DescricaoDaArvore.h"
+
+#include "plataforma/Exception.h"
+
+#include <QCoreApplication>
+
+namespace Hospedeiro
+{
+
+namespace
+{
+
+struct TAndamento {
+    QString Etapa;
+    QString Falhas;
+    int Operacoes = 0;
+
+    void Notar(const Sibrel::TPreparaAtualizacao &A)
+    {
+        Etapa = A.Etapa();
+        if (Etapa == u"Atualização")
+            Operacoes = A.Total();
+        Falhas = TextoDasFalhas(A.Falhas());
+    }
+};
+
+// `Origem`: where the document comes from, with its name in angle brackets.
+QString ComOrigem(const QString &Detalhe, const QString &Origem)
+{
+    return Detalhe.isEmpty() ? Origem + u'.' : Origem + QStringLiteral(":\n") + Detalhe;
+}
+
+template <class F>
+int Aplicar(TArvoreDoHospedeiro &Arvore, const QString &Origem, const F &Iniciar)
+{
+    TAndamento Andamento;
+    const auto Ligacao = QObject::connect(
+        &Arvore, &Sibrel::TTreeViewXML::Progresso, &Arvore,
+        [&Andamento](Sibrel::TPreparaAtualizacao *A) { Andamento.Notar(*A); }, Qt::DirectConnection);
+    try {
+        Iniciar();
+    } catch (const Sibrel::Exception &E) {
+        QObject::disconnect(Ligacao);
+        const bool ComNomeJa = E.Message.contains(Origem.sliced(Origem.indexOf(u'<')));
+        throw Sibrel::Exception(E.Message, ComNomeJa ? E.Detalhe : ComOrigem(E.Detalhe, Origem));
+    }
+    while (!Arvore.Atualizacoes().empty())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    QObject::disconnect(Ligacao);
+    if (Andamento.Etapa != u"Terminado")
+        throw Sibrel::Exception(Andamento.Etapa, ComOrigem(Andamento.Falhas, Origem));
+    return Andamento.Operacoes;
+}
+
+} // namespace
+
+int AplicarDocumento(TArvoreDoHospedeiro &Arvore, const QString &Arquivo)
+{
+    return Aplicar(Arvore, QStringLiteral("Arquivo <%1>").arg(Arquivo), [&] { Arvore.Ler(Arquivo, true); });
+}
+
+int AplicarBanco(TArvoreDoHospedeiro &Arvore, TBancoDoExercicio &Banco)
+{
+    return Aplicar(Arvore, QStringLiteral("Banco <%1>").arg(Banco.Nome()),
+                   [&] { Banco.CarregarUnidades(Arvore); });
+}
+
+} // namespace Hospedeiro

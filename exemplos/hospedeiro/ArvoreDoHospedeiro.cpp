@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "hospedeiro/ArvoreDoHospedeiro.h"
+
+#include "hospedeiro/NoDeUnidade.h"
+
+#include <QEvent>
+#include <QFontInfo>
+#include <QMenu>
+
+#include <algorithm>
+
+namespace Hospedeiro
+{
+
+namespace
+{
+
+constexpr int MenorLinha = 20; // that symbols are told apart
+constexpr int Folga = 4;
+
+} // namespace
+
+TArvoreDoHospedeiro::TArvoreDoHospedeiro(QWidget *Dono)
+    : TTreeViewXMLBD(Dono)
+{
+    RegistrarClassesDeNos();
+    setAccessibleName(tr("Árvore"));
+    ensurePolished();
+    SeguirFonte();
+}
+
+void TArvoreDoHospedeiro::SeguirLink()
+{
+    auto *No = dynamic_cast<Sibrel::TTreeNodeXML *>(Selected());
+    if (No == nullptr || !No->Link())
+        return;
+    if (Sibrel::TTreeNodeXML *Alvo = No->ObterNoLink())
+        AtribuirSelected(Alvo);
+}
+
+QString TArvoreDoHospedeiro::CaminhoDoSelecionado(const QString &Separador) const
+{
+    return Sibrel::ObterCaminho(Selected(), Separador);
+}
+
+TArvoreDoHospedeiro *TArvoreDoHospedeiro::DoMenu(const QMenu &Menu)
+{
+    auto *Arvore = qobject_cast<TArvoreDoHospedeiro *>(Menu.parent());
+    return Arvore != nullptr && Arvore->PopupMenu() == &Menu ? Arvore : nullptr;
+}
+
+bool TArvoreDoHospedeiro::DesejaContinuar(const Sibrel::TFalhaDeAtualizacao &Falha)
+{
+    return AoPerguntar && AoPerguntar(Falha);
+}
+
+void TArvoreDoHospedeiro::changeEvent(QEvent *Evento)
+{
+    TTreeViewXMLBD::changeEvent(Evento);
+    if (Evento->type() == QEvent::FontChange)
+        SeguirFonte();
+}
+
+void TArvoreDoHospedeiro::SeguirFonte()
+{
+    const QFontInfo Dela(font());
+    Sibrel::TFont Nova;
+    Nova.AtribuirName(Dela.family());
+    Nova.AtribuirHeight(-Dela.pixelSize());
+    AtribuirFonte(Nova);
+    AtribuirItemHeight(std::max(MenorLinha, fontMetrics().height() + Folga));
+}
+
+} // namespace Hospedeiro
