@@ -5,9 +5,8 @@
 
 #include <QEvent>
 #include <QFontInfo>
+#include <QFontMetrics>
 #include <QMenu>
-
-#include <algorithm>
 
 namespace Hospedeiro
 {
@@ -15,8 +14,9 @@ namespace Hospedeiro
 namespace
 {
 
-constexpr int MenorLinha = 20; // that symbols are told apart
-constexpr int Folga = 4;
+// Captions stand at the top of their rows, so it is the letters that make rows, and symbols, higher.
+constexpr int LetrasMaiores = 2;
+constexpr int Folga = 1;
 
 } // namespace
 
@@ -66,9 +66,9 @@ void TArvoreDoHospedeiro::SeguirFonte()
     const QFontInfo Dela(font());
     Sibrel::TFont Nova;
     Nova.AtribuirName(Dela.family());
-    Nova.AtribuirHeight(-Dela.pixelSize());
+    Nova.AtribuirHeight(-(Dela.pixelSize() + LetrasMaiores));
     AtribuirFonte(Nova);
-    AtribuirItemHeight(std::max(MenorLinha, fontMetrics().height() + Folga));
+    AtribuirItemHeight(QFontMetrics(Nova.ParaQFont()).height() + Folga);
 }
 
 } // namespace Hospedeiro

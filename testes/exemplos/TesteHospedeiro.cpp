@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // The example host as a user of the command line meets it: the program itself is run.
 #include "comum/Dados.h"
+#include "exemplos/Programa.h"
 
 #include <QDir>
 #include <QImage>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -14,12 +14,6 @@ namespace
 {
 
 const QString VejaAAjuda = QStringLiteral("Veja as opções com --ajuda.\n");
-
-struct TResultado {
-    QString Saida;
-    QString Erros;
-    int Codigo = -1;
-};
 
 } // namespace
 
@@ -55,7 +49,10 @@ private Q_SLOTS:
     void SemTelaAJanelaERecusada();
 
 private:
-    TResultado Rodar(const QStringList &Argumentos) const;
+    TResultado Rodar(const QStringList &Argumentos) const
+    {
+        return RodarPrograma(FPasta->path(), Argumentos);
+    }
     TResultado RodarComBiblioteca(const QByteArray &Conteudo, const QStringList &Argumentos) const;
     QString NaPasta(const QString &Nome) const { return FPasta->filePath(Nome); }
 
@@ -68,23 +65,6 @@ void TesteHospedeiro::init()
     QVERIFY(QDir(FPasta->path()).mkdir(QStringLiteral("fontes")));
     QVERIFY(QFile::copy(DadoDeExemplo(QStringLiteral("fontes/SibrelSimbolos.ttf")),
                         NaPasta(QStringLiteral("fontes/SibrelSimbolos.ttf"))));
-}
-
-TResultado TesteHospedeiro::Rodar(const QStringList &Argumentos) const
-{
-    QProcess Programa;
-    QProcessEnvironment Ambiente = QProcessEnvironment::systemEnvironment();
-    // As on a machine without a display; without a folder of its own Qt would speak up among the errors.
-    for (const char *Nome : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "QT_STYLE_OVERRIDE"})
-        Ambiente.remove(QLatin1String(Nome));
-    Ambiente.insert(QStringLiteral("XDG_RUNTIME_DIR"), FPasta->path());
-    Programa.setProcessEnvironment(Ambiente);
-    Programa.setWorkingDirectory(FPasta->path());
-    Programa.start(QStringLiteral(SIBREL_HOSPEDEIRO), Argumentos);
-    if (!Programa.waitForFinished(120000) || Programa.exitStatus() != QProcess::NormalExit)
-        return {{}, QStringLiteral("o programa não terminou bem: ") + Programa.errorString(), -1};
-    return {QString::fromUtf8(Programa.readAllStandardOutput()),
-            QString::fromUtf8(Programa.readAllStandardError()), Programa.exitCode()};
 }
 
 TResultado TesteHospedeiro::RodarComBiblioteca(const QByteArray &Conteudo,
@@ -383,6 +363,12 @@ void TesteHospedeiro::ErrosDeUso_data()
           QStringLiteral("Falta a opção --biblioteca, --figura ou --arvore!"));
     DeUso("folha sem biblioteca", "--folha f.png", QStringLiteral("Falta a opção --biblioteca!"));
     DeUso("folha de figura", "--figura f.xml --folha f.png", QStringLiteral("Falta a opção --biblioteca!"));
+    DeUso("atualizacao sem arvore", "--biblioteca b --atualizar a.xml --listar",
+          QStringLiteral("Falta a opção --arvore!"));
+    DeUso("arvore e figura", "--arvore a --figura f --listar",
+          QStringLiteral("As opções --arvore e --figura não vão juntas!"));
+    DeUso("vigia sem janela", "--arvore a --vigiar p --listar",
+          QStringLiteral("A opção --vigiar precisa da janela!"));
     DeUso("captura sem figura", "--captura f.png", QStringLiteral("Falta a opção --figura ou --arvore!"));
     DeUso("os dois", "--biblioteca b --figura f --listar",
           QStringLiteral("As opções --biblioteca e --figura não vão juntas!"));
