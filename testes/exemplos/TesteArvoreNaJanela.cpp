@@ -10,6 +10,7 @@
 #include "hospedeiro/PainelDeAtualizacoes.h"
 #include "hospedeiro/RegistroDeAtualizacoes.h"
 
+#include "arvore/ComumArvore.h"
 #include "comum/Dados.h"
 #include "corvane/VisualizadorInformacoesXML.h"
 
@@ -112,9 +113,10 @@ private:
     static QString DaArvore(const QString &Nome) { return DadoDeExemplo(QStringLiteral("arvore/") + Nome); }
     TPainelDaArvore &Painel() { return FJanela->PainelDaArvore(); }
     TArvoreDoHospedeiro &Arvore() { return Painel().Arvore(); }
-    bool Esperar(int Milissegundos = 30000)
+    // Not qWaitFor, which sleeps while an update waits for the window.
+    bool Esperar()
     {
-        return QTest::qWaitFor([this] { return Painel().Fila().Parada(); }, Milissegundos);
+        return Sibrel::Testes::Esperar([this] { return Painel().Fila().Parada(); });
     }
     bool AbrirExemplo()
     {
@@ -471,7 +473,7 @@ void TesteArvoreNaJanela::AbrirEncerraOQueAnda()
     });
     Painel().Abrir(Grande);
     Painel().Atualizar(Grande); // waits, and is forgotten
-    QVERIFY(QTest::qWaitFor([&] { return Aberto && Painel().Fila().Parada(); }, 30000));
+    QVERIFY(Sibrel::Testes::Esperar([&] { return Aberto && Painel().Fila().Parada(); }));
     QCOMPARE(ListaDaArvore(Arvore()), QStringLiteral("Outro\tcor=#000000\tsimbolo=0\n"));
     QCOMPARE(Painel().Registro().rowCount(), 2);
     QCOMPARE(Painel().Registro().Desfecho(0), TDesfecho::Cancelado);
@@ -571,7 +573,7 @@ void TesteArvoreNaJanela::OExercicioInteiro()
     QVERIFY(Fontes.Simular(DaArvore(QStringLiteral("exercicio"))));
     QVERIFY(Fontes.AcaoSimular()->isChecked());
     QVERIFY(
-        QTest::qWaitFor([&] { return !Fontes.Exercicio().Andando() && Painel().Fila().Parada(); }, 60000));
+        Sibrel::Testes::Esperar([&] { return !Fontes.Exercicio().Andando() && Painel().Fila().Parada(); }));
     QCOMPARE(ListaDaArvore(Arvore()).split(u'\n'),
              QString::fromUtf8(BytesDe(DadoDeTeste(QStringLiteral("exemplos/arvore_exercitada.txt"))))
                  .split(u'\n'));
@@ -618,7 +620,7 @@ void TesteArvoreNaJanela::FecharNoMeioDeUmaAtualizacao()
     Painel().Atualizar(Grande);
     QVERIFY(QTest::qWaitFor([this] { return Arvore().Items().Count() > 100; }));
     FJanela.reset();
-    QVERIFY(QTest::qWaitFor([] { return TPreparaAtualizacao::Instancias() == 0; }));
+    QVERIFY(EsperarAtualizacoes());
 }
 
 void TesteArvoreNaJanela::FecharComAPerguntaAberta()
@@ -634,7 +636,7 @@ void TesteArvoreNaJanela::FecharComAPerguntaAberta()
     });
     Relogio.start(10);
     QVERIFY(QTest::qWaitFor([this] { return FJanela == nullptr; }));
-    QVERIFY(QTest::qWaitFor([] { return TPreparaAtualizacao::Instancias() == 0; }));
+    QVERIFY(EsperarAtualizacoes());
 }
 
 void TesteArvoreNaJanela::ORegistroEsqueceOsMaisVelhos()
