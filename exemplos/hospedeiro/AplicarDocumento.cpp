@@ -28,12 +28,6 @@ struct TAndamento {
     }
 };
 
-QString ComNome(const QString &Detalhe, const QString &Arquivo)
-{
-    const QString Nome = QStringLiteral("Arquivo <%1>").arg(Arquivo);
-    return Detalhe.isEmpty() ? Nome + u'.' : Nome + QStringLiteral(":\n") + Detalhe;
-}
-
 } // namespace
 
 int AplicarDocumento(TArvoreDoHospedeiro &Arvore, const QString &Arquivo)
@@ -46,14 +40,14 @@ int AplicarDocumento(TArvoreDoHospedeiro &Arvore, const QString &Arquivo)
         Arvore.Ler(Arquivo, true);
     } catch (const Sibrel::Exception &E) {
         QObject::disconnect(Ligacao);
-        const bool ComNomeJa = E.Message.contains(QStringLiteral("<%1>").arg(Arquivo));
-        throw Sibrel::Exception(E.Message, ComNomeJa ? E.Detalhe : ComNome(E.Detalhe, Arquivo));
+        throw Sibrel::Exception(E.Message, DetalheDoArquivo(E, Arquivo));
     }
     while (!Arvore.Atualizacoes().empty())
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     QObject::disconnect(Ligacao);
     if (Andamento.Etapa != u"Terminado")
-        throw Sibrel::Exception(Andamento.Etapa, ComNome(Andamento.Falhas, Arquivo));
+        throw Sibrel::Exception(
+            Andamento.Etapa, DetalheDoArquivo(Sibrel::Exception(Andamento.Etapa, Andamento.Falhas), Arquivo));
     return Andamento.Operacoes;
 }
 

@@ -7,6 +7,7 @@
 #include <QFontInfo>
 #include <QFontMetrics>
 #include <QMenu>
+#include <QPainter>
 
 namespace Hospedeiro
 {
@@ -59,6 +60,16 @@ void TArvoreDoHospedeiro::changeEvent(QEvent *Evento)
     TTreeViewXMLBD::changeEvent(Evento);
     if (Evento->type() == QEvent::FontChange)
         SeguirFonte();
+}
+
+void TArvoreDoHospedeiro::paintEvent(QPaintEvent *Evento)
+{
+    TTreeViewXMLBD::paintEvent(Evento);
+    if (Convite.isEmpty() || model()->rowCount() > 0)
+        return;
+    QPainter Pintor(viewport());
+    Pintor.setPen(Qt::darkGray);
+    Pintor.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, Convite);
 }
 
 void TArvoreDoHospedeiro::SeguirFonte()

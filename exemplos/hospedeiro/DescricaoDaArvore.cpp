@@ -4,6 +4,7 @@
 #include "hospedeiro/Campo.h"
 
 #include "arvore/TreeViewXML.h"
+#include "plataforma/Exception.h"
 
 #include <QStringList>
 
@@ -75,6 +76,15 @@ QString TextoDasFalhas(const std::vector<TFalhaDeAtualizacao> &Falhas)
         if (Linhas.isEmpty() || !SoRepete(Falha))
             Linhas += TextoDaFalha(Falha);
     return Linhas.join(u'\n');
+}
+
+QString DetalheDoArquivo(const Exception &Erro, const QString &Arquivo)
+{
+    const QString Nome = QStringLiteral("<%1>").arg(Arquivo);
+    if (Erro.Message.contains(Nome) || Erro.Detalhe.contains(Nome))
+        return Erro.Detalhe;
+    return QStringLiteral("Arquivo %1").arg(Nome) +
+           (Erro.Detalhe.isEmpty() ? QStringLiteral(".") : QStringLiteral(":\n") + Erro.Detalhe);
 }
 
 } // namespace Hospedeiro

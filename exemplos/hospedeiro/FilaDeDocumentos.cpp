@@ -2,6 +2,7 @@
 #include "hospedeiro/FilaDeDocumentos.h"
 
 #include "hospedeiro/ArvoreDoHospedeiro.h"
+#include "hospedeiro/DescricaoDaArvore.h"
 #include "hospedeiro/RegistroDeAtualizacoes.h"
 
 #include "plataforma/Exception.h"
@@ -64,7 +65,7 @@ void TFilaDeDocumentos::Ler(const TDocumento &Documento)
     } catch (const Sibrel::Exception &E) {
         FRegistro.Recusar(E);
         if (Documento.Avisar)
-            Q_EMIT Recusado(E.Message, E.Detalhe);
+            Q_EMIT Recusado(E.Message, DetalheDoArquivo(E, Documento.Arquivo));
         return;
     }
     // Only now that there is something to take their place; the update begins with the next event.

@@ -457,7 +457,8 @@ void TesteArvoreNaJanela::UmDocumentoRuimDeixaAArvore()
     QCOMPARE(Arvore().Items().Count(), 293);
     QVERIFY(FJanela->windowTitle().contains(QStringLiteral("ordem_de_batalha.xml")));
     QCOMPARE(FJanela->Erros.size(), 1);
-    QVERIFY(FJanela->Erros[0].startsWith(QStringLiteral("Arquivo em formato inválido!|Linha 1")));
+    QVERIFY(FJanela->Erros[0].startsWith(QStringLiteral("Arquivo em formato inválido!|Arquivo <%1>:\nLinha 1")
+                                             .arg(FPasta->filePath(QStringLiteral("ruim.xml")))));
 }
 
 void TesteArvoreNaJanela::AbrirEncerraOQueAnda()
