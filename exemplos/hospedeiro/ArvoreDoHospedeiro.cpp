@@ -6,6 +6,7 @@
 #include <QEvent>
 #include <QFontInfo>
 #include <QFontMetrics>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QPainter>
 
@@ -60,6 +61,15 @@ void TArvoreDoHospedeiro::changeEvent(QEvent *Evento)
     TTreeViewXMLBD::changeEvent(Evento);
     if (Evento->type() == QEvent::FontChange)
         SeguirFonte();
+}
+
+// What a double click does with the mouse.
+void TArvoreDoHospedeiro::keyPressEvent(QKeyEvent *Evento)
+{
+    if (Evento->key() == Qt::Key_Return || Evento->key() == Qt::Key_Enter)
+        SeguirLink();
+    else
+        TTreeViewXMLBD::keyPressEvent(Evento);
 }
 
 void TArvoreDoHospedeiro::paintEvent(QPaintEvent *Evento)

@@ -35,6 +35,7 @@ public:
 protected:
     bool DesejaContinuar(const Sibrel::TFalhaDeAtualizacao &Falha) override;
     void changeEvent(QEvent *Evento) override;
+    void keyPressEvent(QKeyEvent *Evento) override;
     void paintEvent(QPaintEvent *Evento) override;
 
 private:

@@ -37,6 +37,7 @@ TFilaDeDocumentos::TFilaDeDocumentos(TArvoreDoHospedeiro &Arvore, TRegistroDeAtu
 
 void TFilaDeDocumentos::Abrir(const QString &Arquivo)
 {
+    FEsperando.clear();
     Cancelar();
     FEsperando.push_back({TipoArquivo(), Arquivo, true, true, {}});
     Proximo();
@@ -57,7 +58,6 @@ void TFilaDeDocumentos::Acrescentar(const QString &Arquivo, bool Avisar)
 
 void TFilaDeDocumentos::Cancelar()
 {
-    FEsperando.clear();
     for (Sibrel::TPreparaAtualizacao *A : FArvore.Atualizacoes())
         A->Cancelar();
 }

@@ -32,7 +32,7 @@ public:
     void AbrirCom(const QString &Tipo, const QString &Nome, std::function<void()> Carregar);
     /// Behind all that is on its way. `Avisar`: somebody waits for it and wants to know when it is refused.
     void Acrescentar(const QString &Arquivo, bool Avisar = true);
-    /// Ends what runs, and forgets what waits.
+    /// Ends what runs; what waits comes next.
     void Cancelar();
 
     /// Nothing runs and nothing waits.

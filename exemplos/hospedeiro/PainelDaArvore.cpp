@@ -57,7 +57,12 @@ TPainelDaArvore::TPainelDaArvore(QWidget *Dono)
     Ligar();
 }
 
-TPainelDaArvore::~TPainelDaArvore() = default;
+TPainelDaArvore::~TPainelDaArvore()
+{
+    // The tree goes when most of the page has gone, and has nothing to tell it any more.
+    disconnect(FArvore->selectionModel(), nullptr, this, nullptr);
+    disconnect(&FArvore->Modelo(), nullptr, this, nullptr);
+}
 
 void TPainelDaArvore::AtribuirTabela(Sibrel::TTabelaDeSimbolos *Tabela)
 {

@@ -352,6 +352,11 @@ void TesteArvoreNaJanela::OLinkLevaAUnidade()
     QTest::mouseDClick(FJanela->windowHandle(), Qt::LeftButton, {}, Lugar(Elo));
     QCOMPARE(Selecionado(), QStringLiteral("1ª Brigada de Infantaria/11º Batalhão/1ª Companhia, 11º"));
     QVERIFY(NoEstado(QStringLiteral("1ª Brigada de Infantaria / 11º Batalhão / 1ª Companhia, 11º")));
+    QTest::keyClick(&Arvore(), Qt::Key_Return); // no link: stays
+    QCOMPARE(Selecionado(), QStringLiteral("1ª Brigada de Infantaria/11º Batalhão/1ª Companhia, 11º"));
+    Arvore().AtribuirSelected(Elo->GetNextSibling());
+    QTest::keyClick(&Arvore(), Qt::Key_Return);
+    QCOMPARE(Selecionado(), QStringLiteral("1ª Brigada de Infantaria/12º Batalhão/2ª Companhia, 12º"));
 }
 
 void TesteArvoreNaJanela::OAndamentoEOCancelamento()
@@ -382,11 +387,19 @@ void TesteArvoreNaJanela::OAndamentoEOCancelamento()
     QCOMPARE(Celula(0, TRegistroDeAtualizacoes::ColunaResultado), QStringLiteral("Cancelado"));
     QVERIFY(!Cancelar->isEnabled());
     QCOMPARE(Barra->value(), 0);
-    // The next one is whole.
+    // The next one is whole; what waited behind a cancelled one is not forgotten.
     Painel().Abrir(Gravar(QStringLiteral("b.xml"), Unidades(Quantas)));
     QVERIFY(Esperar());
     QCOMPARE(Arvore().Items().Count(), Quantas);
     QCOMPARE(Painel().Registro().Desfecho(1), TDesfecho::Terminado);
+    Visto = 0;
+    Painel().Abrir(Gravar(QStringLiteral("c.xml"), Unidades(Quantas)));
+    Painel().Atualizar(Gravar(QStringLiteral("d.xml"), "<R><Brigada Nome='Depois'/></R>"));
+    QVERIFY(Esperar());
+    QVERIFY(Visto > 0);
+    QCOMPARE(Painel().Registro().Desfecho(2), TDesfecho::Cancelado);
+    QCOMPARE(Painel().Registro().Desfecho(3), TDesfecho::Terminado);
+    QVERIFY(No(QStringLiteral("Depois")) != nullptr);
 }
 
 void TesteArvoreNaJanela::ORegistroDizODesfecho()
@@ -654,6 +667,16 @@ void TesteArvoreNaJanela::ORegistroEsqueceOsMaisVelhos()
     QCOMPARE(R.rowCount(), int(TRegistroDeAtualizacoes::Maximo));
     QCOMPARE(Celula(-1, TRegistroDeAtualizacoes::ColunaResultado), QStringLiteral("Terminado: 2 inclusões"));
     QCOMPARE(R.Desfecho(0), TDesfecho::Falhou);
+    // Rows move while an update is on its way: what becomes of it still stands in its own.
+    Arvore().Atualizar(QStringLiteral("<R><Brigada Nome='x'/></R>"));
+    for (int I = 0; I < 3; ++I) {
+        R.Anunciar(QStringLiteral("outro"));
+        R.Recusar(Exception(QStringLiteral("Nada!")));
+    }
+    QVERIFY(EsperarAtualizacoes());
+    QCOMPARE(Celula(-4, TRegistroDeAtualizacoes::ColunaDocumento), QStringLiteral("Atualização"));
+    QCOMPARE(Celula(-4, TRegistroDeAtualizacoes::ColunaResultado), QStringLiteral("Terminado: 1 inclusão"));
+    QCOMPARE(Celula(-1, TRegistroDeAtualizacoes::ColunaResultado), QStringLiteral("Nada!"));
 }
 
 void TesteArvoreNaJanela::ATabelaTrocadaChegaAArvore()
