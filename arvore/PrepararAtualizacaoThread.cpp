@@ -8,8 +8,6 @@
 #include "arvore/TreeViewXML.h"
 #include "plataforma/Exception.h"
 
-#include <new>
-
 namespace Sibrel
 {
 
@@ -19,12 +17,13 @@ namespace
 // What telling of a failure takes, when memory is what failed.
 constexpr std::size_t BytesDeReserva = 512U * 1024U;
 
+// What is left out when it fails, as for want of memory: the update comes to its end in any case.
 template <class Fazer>
 void HavendoMemoria(Fazer &&F) noexcept
 {
     try {
         F();
-    } catch (const std::bad_alloc &) {
+    } catch (...) {
         return;
     }
 }
