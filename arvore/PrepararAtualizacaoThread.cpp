@@ -28,7 +28,7 @@ QString XMLInvalido()
 }
 
 // What telling of a failure takes, when memory is what failed.
-constexpr std::size_t BytesDeReserva = 512U * 1024U;
+constexpr std::size_t BytesDeReserva = 524288;
 
 QString MemoriaInsuficiente()
 {
@@ -240,7 +240,7 @@ bool TPreparaAtualizacao::PrepararTudo()
     if (!Raiz || (!FElementoRaiz.isEmpty() && !Raiz.NomeE(FElementoRaiz)))
         return true;
     if (const auto DataHora = Raiz.Attribute(AtributoDataHora)) {
-        FElementoAtual = Raiz;
+        FElementoAtual = FDocumento->Raiz();
         const QDateTime Quando = DecodeDateTimeXML(*DataHora);
         FElementoAtual = {};
         ComVista([&](TTreeViewXML &Vista) { Vista.AtribuirDataHora(Quando); });
@@ -366,7 +366,7 @@ void TPreparaAtualizacao::Atualizar()
     FUltimaEntrega = TRelogio::now();
     for (const auto &A : FOperacoes) {
         VerificarCancelamento();
-        FElementoAtual = A->NoXML;
+        FElementoAtual = static_cast<const TCursorXML &>(A->NoXML);
         if (Realizar(*A))
             ++FUltimoPasso;
         TalvezEntregar();
