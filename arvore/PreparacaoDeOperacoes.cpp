@@ -38,7 +38,7 @@ bool TPreparaAtualizacao::PrepararTudo()
     if (!Raiz || (!FElementoRaiz.isEmpty() && !Raiz.NomeE(FElementoRaiz)))
         return true;
     if (const auto DataHora = Raiz.Attribute(AtributoDataHora)) {
-        FElementoAtual = Raiz;
+        FElementoAtual = FDocumento->Raiz();
         const QDateTime Quando = DecodeDateTimeXML(*DataHora);
         FElementoAtual = {};
         ComVista([&](TTreeViewXML &Vista) { Vista.AtribuirDataHora(Quando); });
