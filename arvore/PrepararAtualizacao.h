@@ -149,6 +149,7 @@ private:
     void Etapas();
     void Encerrar(const QString &Ultima);
     void Falhar(const std::exception_ptr &Erro);
+    void FaltarMemoria() noexcept;
     void Situar(TFalhaDeAtualizacao &Falha);
     void IrParaEtapa(const QString &Etapa);
     void Progresso(int Posicao, int Total);

@@ -12,6 +12,7 @@
 #include "plataforma/SeparadorDecimal.h"
 
 #include <algorithm>
+#include <new>
 
 namespace Sibrel
 {
@@ -55,6 +56,9 @@ void TPreparaAtualizacao::Execute()
         Ultima = QStringLiteral("Terminado");
     } catch (const TCancelado &) {
         Ultima = QStringLiteral("Cancelado");
+    } catch (const std::bad_alloc &) {
+        Ultima = XMLInvalido();
+        FaltarMemoria();
     } catch (...) {
         Ultima = XMLInvalido();
         Falhar(std::current_exception());
@@ -115,6 +119,19 @@ void TPreparaAtualizacao::Falhar(const std::exception_ptr &Erro)
         qWarning("Sibrel: %s", qUtf8Printable(Motivo));
     }
     FFalhas.push_back(std::move(Falha));
+}
+
+// Saying what failed takes memory too: what the update held is given back first.
+void TPreparaAtualizacao::FaltarMemoria() noexcept
+{
+    LiberarOperacoes();
+    FClasses.clear();
+    FLocalizador.reset();
+    try {
+        Falhar(std::make_exception_ptr(Exception(QStringLiteral("Não há memória para a atualização!"))));
+    } catch (...) { // not even for that; the document is told to be the host's affair
+        FDocumentoPorGuardar = FArquivoDeErro.isEmpty();
+    }
 }
 
 // Tells where in the document the failure lies.
@@ -232,6 +249,8 @@ bool TPreparaAtualizacao::PrepararTratamento(TAtualizacao *AtualizacaoPai, TTree
         return TratarElemento(AtualizacaoPai, NoPai, NoXML);
     } catch (const TCancelado &) {
         throw;
+    } catch (const std::bad_alloc &) {
+        throw; // no element's fault: the next one would fare no better
     } catch (...) {
         return Perguntar(NoXML, std::current_exception());
     }
