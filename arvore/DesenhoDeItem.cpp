@@ -73,7 +73,12 @@ void TDesenhoDeItem::Simbolo()
     const int Indice = FNo.ImageIndex();
     if (Tabela == nullptr || Indice < 0 || Indice >= Tabela->Simbolos().Count())
         return;
+    // A figure leaves its last filling and text alignment on the canvas; the caption is the row's.
+    const TBrush Fundo = FCanvas.Brush;
+    const unsigned Alinhamento = FCanvas.TextAlign;
     Tabela->Desenhar(Indice, FCanvas, {FX, FLinha.Top, FX + FAltura, FLinha.Bottom});
+    FCanvas.Brush = Fundo;
+    FCanvas.TextAlign = Alinhamento;
     FX += FAltura;
 }
 

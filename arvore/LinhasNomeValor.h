@@ -18,6 +18,7 @@
 namespace Sibrel
 {
 
+/// Lines of a list, owned by somebody else.
 using TLinhasUtf8 = std::span<const QByteArrayView>;
 
 /// What stands before the first "=" of a line; nothing for a line without "=", which no name finds.

@@ -244,7 +244,7 @@ void TPreparaAtualizacao::Soltar()
 void TPreparaAtualizacao::FicarSemThread()
 {
     if (FArvore != nullptr) {
-        FFalhas.push_back({QStringLiteral("O sistema não criou a thread da atualização."), {}, 0, {}, {}});
+        FFalhas.push_back({QStringLiteral("O sistema não criou a thread da atualização."), {}, 0, 0, {}, {}});
         FArvore->DocumentosNaoGravados.append(FXML);
         FEtapa = QStringLiteral("XML em formato inválido!");
         FTotal = 0;

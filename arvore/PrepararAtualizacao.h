@@ -3,6 +3,7 @@
 
 #include "arvore/TreeNodeXML.h"
 #include "plataforma/Exportacao.h"
+#include "plataforma/LocalizadorXML.h"
 #include "plataforma/Modulo.h"
 #include "plataforma/XMLDocument.h"
 
@@ -55,6 +56,7 @@ struct TFalhaDeAtualizacao {
     QString Mensagem;
     QString Detalhe;
     int Linha = 0;    ///< in the document, from 1; 0 when it has no place there
+    int Coluna = 0;   ///< where the element's tag begins, from 1; 0 when not known (TLocalizadorXML)
     QString Elemento; ///< name of the element
     QString Caminho;  ///< names from the document element down to it, joined by "/"
 };
@@ -147,6 +149,7 @@ private:
     void Etapas();
     void Encerrar(const QString &Ultima);
     void Falhar(const std::exception_ptr &Erro);
+    void Situar(TFalhaDeAtualizacao &Falha);
     void IrParaEtapa(const QString &Etapa);
     void Progresso(int Posicao, int Total);
     void TalvezEntregar();
@@ -196,8 +199,8 @@ private:
     TRelogio::time_point FUltimaPublicacao;
     int FPrimeiroPasso = 1; // told at the next hand-over: from here to FUltimoPasso
     int FUltimoPasso = 0;
-    int FLinhaAtual = 0;
-    QString FElementoAtual;
+    TCursorXML FElementoAtual; // what is being treated
+    std::optional<TLocalizadorXML> FLocalizador;
     bool FReservar = false;
     bool FPublicarTudo = false;
     bool FDocumentoPorGuardar = false;

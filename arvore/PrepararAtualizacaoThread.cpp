@@ -102,8 +102,7 @@ void TPreparaAtualizacao::Encerrar(const QString &Ultima)
 void TPreparaAtualizacao::Falhar(const std::exception_ptr &Erro)
 {
     TFalhaDeAtualizacao Falha = FalhaDe(Erro);
-    Falha.Linha = FLinhaAtual;
-    Falha.Elemento = FElementoAtual;
+    Situar(Falha);
     try {
         FArquivoDeErro =
             GravarArquivoDeErro(PastaDeErros(), QDateTime::currentDateTime(), Falha.Mensagem, FXML);
@@ -116,6 +115,20 @@ void TPreparaAtualizacao::Falhar(const std::exception_ptr &Erro)
         qWarning("Sibrel: %s", qUtf8Printable(Motivo));
     }
     FFalhas.push_back(std::move(Falha));
+}
+
+// Tells where in the document the failure lies.
+void TPreparaAtualizacao::Situar(TFalhaDeAtualizacao &Falha)
+{
+    if (!FElementoAtual)
+        return;
+    if (!FLocalizador)
+        FLocalizador.emplace(FXML);
+    Falha.Linha = FElementoAtual.Linha();
+    Falha.Coluna = FLocalizador->Coluna(FElementoAtual);
+    Falha.Elemento = FElementoAtual.NodeName();
+    for (TCursorXML No = FElementoAtual; No; No = No.Parent())
+        Falha.Caminho = Falha.Caminho.isEmpty() ? No.NodeName() : No.NodeName() + u'/' + Falha.Caminho;
 }
 
 void TPreparaAtualizacao::IrParaEtapa(const QString &Etapa)
@@ -201,7 +214,9 @@ bool TPreparaAtualizacao::PrepararTudo()
     if (!Raiz || (!FElementoRaiz.isEmpty() && !Raiz.NomeE(FElementoRaiz)))
         return true;
     if (const auto DataHora = Raiz.Attribute(AtributoDataHora)) {
+        FElementoAtual = Raiz;
         const QDateTime Quando = DecodeDateTimeXML(*DataHora);
+        FElementoAtual = {};
         ComVista([&](TTreeViewXML &Vista) { Vista.AtribuirDataHora(Quando); });
     }
     for (const TCursorXML &Filho : Raiz.TCursorXML::Filhos())
@@ -257,12 +272,12 @@ bool TPreparaAtualizacao::TratarElemento(TAtualizacao *AtualizacaoPai, TTreeNode
 bool TPreparaAtualizacao::Perguntar(const TCursorXML &NoXML, const std::exception_ptr &Erro)
 {
     TFalhaDeAtualizacao Falha = FalhaDe(Erro);
-    Falha.Linha = FLinhaAtual = NoXML.Linha();
-    Falha.Elemento = FElementoAtual = NoXML.NodeName();
-    for (TCursorXML No = NoXML; No; No = No.Parent())
-        Falha.Caminho = Falha.Caminho.isEmpty() ? No.NodeName() : No.NodeName() + u'/' + Falha.Caminho;
+    FElementoAtual = NoXML;
+    Situar(Falha);
     FFalhas.push_back(std::move(Falha));
     Entregar(TPedido::Pergunta);
+    if (FResposta)
+        FElementoAtual = {}; // what fails from here on is not this one's fault
     return FResposta;
 }
 
@@ -325,12 +340,12 @@ void TPreparaAtualizacao::Atualizar()
     FUltimaEntrega = TRelogio::now();
     for (const auto &A : FOperacoes) {
         VerificarCancelamento();
-        FLinhaAtual = A->NoXML.Linha();
+        FElementoAtual = A->NoXML;
         if (Realizar(*A))
             ++FUltimoPasso;
         TalvezEntregar();
     }
-    FLinhaAtual = 0;
+    FElementoAtual = {};
 }
 
 // True when the operation counts as a step.

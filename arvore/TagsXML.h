@@ -12,6 +12,7 @@ namespace Sibrel
 {
 
 // NOLINTBEGIN(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp): the vocabulary's own spelling
+/// Names of elements and attributes, one constant each.
 inline constexpr QStringView _ANGULO_INICIAL_ = u"AnguloInicial";
 inline constexpr QStringView _ANGULO_FINAL_ = u"AnguloFinal";
 inline constexpr QStringView _COR_ = u"Cor";

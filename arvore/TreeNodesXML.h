@@ -24,7 +24,7 @@ enum TSearchFlag : std::uint8_t {
     sfPartial = 1,        ///< a caption matches when it begins with the text
     sfCaseInsensitive = 2 ///< letters A to Z only: accented letters are not folded
 };
-using TSearchFlags = std::uint8_t;
+using TSearchFlags = std::uint8_t; ///< a set of TSearchFlag, joined by |
 
 /// The nodes of an XML tree, and how they are found.
 ///

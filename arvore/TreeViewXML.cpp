@@ -142,6 +142,8 @@ void TTreeViewXML::Ler(const QString &Arquivo, bool Acrescentar)
         Atualizar(TextoDeDocumento(Bytes), nullptr);
     } catch (const Exception &E) {
         throw Exception(QStringLiteral("Arquivo em formato inválido!"), E.Detalhe);
+    } catch (const std::exception &E) { // a text that does not fit into memory
+        throw Exception(QStringLiteral("Arquivo em formato inválido!"), QString::fromLocal8Bit(E.what()));
     }
 }
 

@@ -39,13 +39,15 @@ QVariant TTreeViewXML::DadoDoNo(const TTreeNode &No, int Papel) const
     if (Papel != Qt::AccessibleTextRole)
         return {};
     QStringList Partes{No.Text()};
-    if (FTabelaDeSimbolos) {
-        const QString Rotulo = FTabelaDeSimbolos->ObterRotulo(No.ImageIndex());
+    // Of other nodes no symbol is drawn, whatever their picture index says.
+    if (const auto *XML = dynamic_cast<const TTreeNodeXML *>(&No)) {
+        const QString Rotulo =
+            FTabelaDeSimbolos ? FTabelaDeSimbolos->ObterRotulo(XML->ImageIndex()) : QString();
         if (!Rotulo.isEmpty())
             Partes.append(Rotulo);
+        if (XML->Link())
+            Partes.append(QStringLiteral("link"));
     }
-    if (const auto *XML = dynamic_cast<const TTreeNodeXML *>(&No); XML != nullptr && XML->Link())
-        Partes.append(QStringLiteral("link"));
     return Partes.join(QStringLiteral(", "));
 }
 

@@ -31,6 +31,7 @@ function(sibrel_camada camada)
   endforeach()
   foreach(nome IN LISTS arg_UNPARSED_ARGUMENTS arg_SO_CABECALHO)
     list(APPEND cabecalhos "${CMAKE_CURRENT_SOURCE_DIR}/${nome}.h")
+    set_property(GLOBAL APPEND PROPERTY SIBREL_CABECALHOS "${camada}/${nome}.h") # for who makes things of all of them
   endforeach()
   target_sources(Sibrel PUBLIC FILE_SET HEADERS BASE_DIRS "${PROJECT_SOURCE_DIR}" FILES ${cabecalhos})
 endfunction()

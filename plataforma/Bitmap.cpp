@@ -110,6 +110,7 @@ void TBitmap::AtribuirMonochrome(bool Valor)
     FMonochrome = Valor;
     if (!Valor)
         return;
+    SoltarPintor(); // the next drawing finds it reduced
     FPorReduzir = true;
     Mudou();
 }
@@ -167,8 +168,10 @@ TCanvas &TBitmap::Canvas()
 
 QPainter &TBitmap::Pintor()
 {
-    if (!FPintor)
+    if (!FPintor) {
+        Reduzir(); // what was to be of one bit is drawn on as such
         FPintor = std::make_unique<QPainter>(&FImagem);
+    }
     FPorReduzir = FMonochrome;
     Mudou();
     return *FPintor;

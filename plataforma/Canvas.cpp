@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "plataforma/Canvas.h"
 
+#include "plataforma/LinhaDeTexto.h"
+#include "plataforma/TelaDePixels.h"
+
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QPolygon>
@@ -211,24 +214,27 @@ std::uint64_t TCanvas::Medidas() noexcept
     return ContagemDeMedidas.load(std::memory_order_relaxed);
 }
 
-int TCanvas::TextWidth(const QString &Texto) const
+void TCanvas::ContarMedida() noexcept
 {
     ContagemDeMedidas.fetch_add(1, std::memory_order_relaxed);
+}
+
+int TCanvas::TextWidth(const QString &Texto) const
+{
+    ContarMedida();
     return qRound(MetricasAtuais().horizontalAdvance(Font.TextoParaDesenhar(Texto)));
 }
 
 int TCanvas::TextHeight(const QString &) const
 {
-    ContagemDeMedidas.fetch_add(1, std::memory_order_relaxed);
+    ContarMedida();
     return qRound(MetricasAtuais().height());
 }
 
-void TCanvas::Escrever(QPainter &P, TPoint Referencia, const QString &Texto)
+// Where a line that is so wide begins on its base line, seen from the reference point.
+TPoint TCanvas::Inicio(double Largura) const
 {
     const QFontMetricsF &Metricas = MetricasAtuais();
-    const bool ComFundo = Brush.Style != TBrushStyle::bsClear;
-    const bool AEsquerdaDoPonto = (TextAlign & TA_CENTER) != TA_CENTER && (TextAlign & TA_RIGHT) != TA_RIGHT;
-    const double Largura = ComFundo || !AEsquerdaDoPonto ? Metricas.horizontalAdvance(Texto) : 0;
     double X = 0;
     if ((TextAlign & TA_CENTER) == TA_CENTER)
         X = -std::floor(Largura / 2);
@@ -240,19 +246,26 @@ void TCanvas::Escrever(QPainter &P, TPoint Referencia, const QString &Texto)
     else if ((TextAlign & TA_BOTTOM) == TA_BOTTOM)
         LinhaDeBase = -Metricas.descent();
     // Whole pixels, so that the same text looks the same wherever it stands.
-    X = Referencia.X + std::round(X);
-    LinhaDeBase = Referencia.Y + std::round(LinhaDeBase);
-    if (ComFundo)
-        P.fillRect(QRectF(X, LinhaDeBase - std::round(Metricas.ascent()), std::ceil(Largura),
-                          std::round(Metricas.height())),
-                   QBrush(Brush.Color.ParaQColor(), EstiloDoPincel(Brush.Style)));
-    P.drawText(QPointF(X, LinhaDeBase), Texto);
+    return {static_cast<std::int32_t>(std::round(X)), static_cast<std::int32_t>(std::round(LinhaDeBase))};
 }
 
-void TCanvas::TextOut(int X, int Y, const QString &Texto)
+void TCanvas::Escrever(QPainter &P, TPoint Referencia, const QString &Texto)
 {
-    if (Texto.isEmpty())
-        return;
+    const QFontMetricsF &Metricas = MetricasAtuais();
+    const bool ComFundo = Brush.Style != TBrushStyle::bsClear;
+    const bool AEsquerdaDoPonto = (TextAlign & TA_CENTER) != TA_CENTER && (TextAlign & TA_RIGHT) != TA_RIGHT;
+    const double Largura = ComFundo || !AEsquerdaDoPonto ? Metricas.horizontalAdvance(Texto) : 0;
+    const TPoint Desvio = Inicio(Largura);
+    const QPointF Onde(double(Referencia.X) + Desvio.X, double(Referencia.Y) + Desvio.Y);
+    if (ComFundo)
+        P.fillRect(QRectF(Onde.x(), Onde.y() - std::round(Metricas.ascent()), std::ceil(Largura),
+                          std::round(Metricas.height())),
+                   QBrush(Brush.Color.ParaQColor(), EstiloDoPincel(Brush.Style)));
+    P.drawText(Onde, Texto);
+}
+
+QPainter &TCanvas::ComFonte()
+{
     QPainter &P = Pintor();
     GuardarDoHospedeiro(P);
     if (FSeloDaFonteAplicada != Font.Selo()) {
@@ -261,6 +274,14 @@ void TCanvas::TextOut(int X, int Y, const QString &Texto)
     }
     P.setPen(Font.Color().ParaQColor());
     FPenAplicada.reset();
+    return P;
+}
+
+void TCanvas::TextOut(int X, int Y, const QString &Texto)
+{
+    if (Texto.isEmpty())
+        return;
+    QPainter &P = ComFonte();
     const QString Desenhado = Font.TextoParaDesenhar(Texto);
     if (Font.Orientation() == 0) {
         Escrever(P, {X, Y}, Desenhado);
@@ -271,6 +292,21 @@ void TCanvas::TextOut(int X, int Y, const QString &Texto)
     P.rotate(Font.Orientation() / -10.0); // the painter turns clockwise, by degrees
     Escrever(P, {}, Desenhado);
     P.setWorldTransform(Antes);
+}
+
+void TCanvas::TextOut(int X, int Y, const TLinhaDeTexto &Linha)
+{
+    // Glyphs are found for one font; a printer or a recording wants the text itself.
+    if (Linha.FGlifos.isEmpty() || Linha.FSeloDaFonte != Font.Selo() || Font.Orientation() != 0 ||
+        Brush.Style != TBrushStyle::bsClear || !DensidadeDePixels()) {
+        TextOut(X, Y, Linha.FTexto);
+        return;
+    }
+    QPainter &P = ComFonte();
+    const TPoint Desvio = Inicio(Linha.FAvanco);
+    const QPointF Onde(double(X) + Desvio.X, double(Y) + Desvio.Y);
+    for (const QGlyphRun &Glifos : Linha.FGlifos)
+        P.drawGlyphRun(Onde, Glifos);
 }
 
 void TCanvas::TextRect(const TRect &Area, int X, int Y, const QString &Texto)
@@ -294,9 +330,23 @@ void TCanvas::LineTo(int X, int Y)
     FAqui = Ate;
 }
 
+bool TCanvas::PorEmPixels(std::span<const TPoint> Pontos, bool Fechado)
+{
+    if (Pen.Width > 1 || (Fechado && Brush.Style > TBrushStyle::bsClear))
+        return false;
+    const std::optional<TTelaDePixels> Tela = TTelaDePixels::Sob(Pintor());
+    if (!Tela || !Tela->Contem(Pontos))
+        return false;
+    if (Fechado && Brush.Style == TBrushStyle::bsSolid)
+        Tela->Preencher(Pontos, Brush.Color.ParaRgb());
+    if (Pen.Style != TPenStyle::psClear)
+        Tela->Tracar(Pontos, Fechado, Pen.Color.ParaRgb(), Pen.Style);
+    return true;
+}
+
 void TCanvas::Polygon(std::span<const TPoint> Pontos)
 {
-    if (Pontos.empty())
+    if (Pontos.size() < 2 || PorEmPixels(Pontos, true))
         return;
     QVarLengthArray<QPoint, 64> Lista;
     ComPenEBrush().drawPolygon(ComoQPoints(Pontos, Lista), static_cast<int>(Pontos.size()), Qt::OddEvenFill);
@@ -304,7 +354,7 @@ void TCanvas::Polygon(std::span<const TPoint> Pontos)
 
 void TCanvas::Polyline(std::span<const TPoint> Pontos)
 {
-    if (Pontos.empty())
+    if (Pontos.size() < 2 || PorEmPixels(Pontos, false))
         return;
     QVarLengthArray<QPoint, 64> Lista;
     ComPen().drawPolyline(ComoQPoints(Pontos, Lista), static_cast<int>(Pontos.size()));

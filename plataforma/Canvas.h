@@ -24,6 +24,7 @@ namespace Sibrel
 {
 
 class TGraphic;
+class TLinhaDeTexto;
 
 /// Pen styles; the ordinals are those of figure files.
 enum class TPenStyle : std::uint8_t {
@@ -46,14 +47,14 @@ enum class TBrushStyle : std::uint8_t {
     bsCross,
     bsDiagCross
 };
-
+/// How lines and outlines are drawn.
 struct TPen {
     TColor Color = clBlack;
     TPenStyle Style = TPenStyle::psSolid;
     int Width = 1; ///< logical pixels
     friend bool operator==(const TPen &, const TPen &) noexcept = default;
 };
-
+/// How areas are filled.
 struct TBrush {
     TColor Color = clWhite;
     TBrushStyle Style = TBrushStyle::bsSolid;
@@ -119,6 +120,8 @@ public:
     /// Writes one line at the reference point, by `TextAlign` and the font's Orientation, in the font's
     /// colour; a Brush that is not clear fills the box behind it.
     void TextOut(int X, int Y, const QString &Texto);
+    /// The same text, whose glyphs were found before when `Linha` was made with this very font.
+    void TextOut(int X, int Y, const TLinhaDeTexto &Linha);
     /// The same, clipped to `Area`.
     void TextRect(const TRect &Area, int X, int Y, const QString &Texto);
 
@@ -160,16 +163,21 @@ public:
 
 private:
     friend class TBitmap;
+    friend class TLinhaDeTexto; // which measures too
     explicit TCanvas(TBitmap &Bitmap);
 
     void EsquecerPintor() noexcept;
     void EsquecerAplicado() noexcept;
     QPainter &ComPen();
     QPainter &ComPenEBrush();
+    bool PorEmPixels(std::span<const TPoint> Pontos, bool Fechado);
     void AplicarBrush(QPainter &P);
     void GuardarDoHospedeiro(QPainter &P);
     const QFont &FonteAtual() const;
     const QFontMetricsF &MetricasAtuais() const;
+    static void ContarMedida() noexcept;
+    QPainter &ComFonte();
+    TPoint Inicio(double Largura) const;
     void Escrever(QPainter &P, TPoint Referencia, const QString &Texto);
     void DrawComModo(QPainter &P, const QRect &Area, const QImage &Imagem);
 

@@ -37,7 +37,7 @@ public:
 private:
     std::int32_t FValor = 0;
 };
-
+/// Plain colours: low byte red.
 inline constexpr TColor clBlack{0x000000};
 inline constexpr TColor clWhite{0xFFFFFF};
 inline constexpr TColor clGray{0x808080};

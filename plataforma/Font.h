@@ -11,7 +11,7 @@
 
 namespace Sibrel
 {
-
+/// Styles of a font, any of which may be on.
 enum class TFontStyle : std::uint8_t { fsBold = 1, fsItalic = 2, fsUnderline = 4, fsStrikeOut = 8 };
 
 /// A font as symbols and figures hold it: a value.

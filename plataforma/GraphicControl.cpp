@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "plataforma/GraphicControl.h"
 
+#include "plataforma/Component.h"
+
+#include <QPainter>
+
 #include "plataforma/Exception.h"
 
 namespace Sibrel
@@ -39,6 +43,8 @@ void TGraphicControl::CopiarEstado(const De &Origem, Para &Destino)
 
 void TGraphicControl::paintEvent(QPaintEvent *)
 {
+    if (TComponent::EmProjeto())
+        Contornar();
     TCanvas DestaPintura(static_cast<QPaintDevice &>(*this));
     CopiarEstado(FEstado, DestaPintura);
     FCanvas = &DestaPintura;
@@ -52,6 +58,14 @@ void TGraphicControl::paintEvent(QPaintEvent *)
         }
     } const Fim{*this};
     Paint();
+}
+
+// In a form editor: what shows its parent all over could not be found on the form.
+void TGraphicControl::Contornar()
+{
+    QPainter Pintor(this);
+    Pintor.setPen(QPen(palette().color(QPalette::Mid).darker(), 1, Qt::DashLine));
+    Pintor.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 
 } // namespace Sibrel

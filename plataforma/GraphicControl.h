@@ -12,8 +12,8 @@ namespace Sibrel
 /// A light control: no window of its own, it paints on its parent's surface, over what stands there.
 ///
 /// Paint draws on Canvas(), in the control's own logical pixels. The canvas's state (pen, brush, font, copy
-/// mode, text alignment) is the control's: it is found at the next paint as the last one left it. GUI thread
-/// only.
+/// mode, text alignment) is the control's: it is found at the next paint as the last one left it. In a form
+/// editor a dashed outline shows where the control is. GUI thread only.
 class SIBREL_EXPORT TGraphicControl : public QWidget
 {
     Q_OBJECT
@@ -33,6 +33,8 @@ protected:
     void paintEvent(QPaintEvent *Evento) override;
 
 private:
+    void Contornar();
+
     struct TEstado {
         TPen Pen;
         TBrush Brush;

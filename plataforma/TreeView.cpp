@@ -183,6 +183,8 @@ void TTreeView::paintEvent(QPaintEvent *Evento)
     QPainter Pintor(viewport());
     {
         TCanvas Tela(Pintor);
+        // Once for all rows: taken row by row, each time a worker that fills the tree would be waited for.
+        const std::lock_guard Guarda(FNos->Trava());
         FCanvas = &Tela;
         drawTree(&Pintor, Evento->region());
         FCanvas = nullptr;

@@ -7,6 +7,8 @@
 #include "plataforma/XMLErro.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdint>
 #include <cstring>
 #include <span>
 
@@ -44,8 +46,12 @@ private:
     int LinhaDaEtiqueta() const noexcept;
 
     TConstrutorXML FConstrutor;
-    std::unordered_map<const xmlChar *, std::uint32_t> FNumeros; // the parser keeps each name once
-    int FLinha = 1;                                              // where the event before ended
+    struct TNumerado {
+        const xmlChar *Nome = nullptr;
+        std::uint32_t Numero = 0;
+    };
+    std::array<TNumerado, 128> FNumeros; // by address, since the parser keeps each name once
+    int FLinha = 1;                      // where the event before ended
 };
 
 TLeitorXML::TLeitorXML(const QByteArray &Utf8)
@@ -171,10 +177,11 @@ std::uint32_t TLeitorXML::Numero(const xmlChar *Nome, const xmlChar *Prefixo)
     const xmlChar *Chave = Prefixo ? xmlDictQLookup(Contexto().dict, Prefixo, Nome) : Nome;
     if (!Chave)
         throw std::bad_alloc();
-    const auto [Lugar, Novo] = FNumeros.try_emplace(Chave, 0U);
-    if (Novo)
-        Lugar->second = FConstrutor.Nome(Visao(Chave));
-    return Lugar->second;
+    const auto Endereco = reinterpret_cast<std::uintptr_t>(Chave);
+    TNumerado &Lembrado = FNumeros[(Endereco ^ (Endereco >> 7)) % FNumeros.size()];
+    if (Lembrado.Nome != Chave)
+        Lembrado = {Chave, FConstrutor.Nome(Visao(Chave))};
+    return Lembrado.Numero;
 }
 
 // The start tag that was just read, from its "<". An attribute value cannot hold that character.

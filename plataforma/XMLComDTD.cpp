@@ -23,15 +23,23 @@ namespace
 // What one element, attribute or text costs beside its bytes, when expansion is counted.
 constexpr std::int64_t CustoDoNo = 64;
 
-// Looks where one declaration can stand: from one "<" to the next.
+// What of a stretch from one "<" to the next can be a declaration.
+std::string_view ParteDeDeclaracao(std::string_view Trecho) noexcept
+{
+    if (!Trecho.starts_with("<!--"))
+        return Trecho[0] != '<' || (Trecho.starts_with("<!") && !Trecho.starts_with("<![CDATA["))
+                   ? Trecho
+                   : std::string_view();
+    const std::size_t Fim = Trecho.find("-->");
+    return Fim != Trecho.npos ? Trecho.substr(Fim) : std::string_view();
+}
+
 void ExigirPoucasAlternativas(std::string_view Texto)
 {
     for (std::size_t Inicio = 0; Inicio < Texto.size();) {
         const std::size_t Fim = std::min(Texto.find('<', Inicio + 1), Texto.size());
-        const std::string_view Trecho = Texto.substr(Inicio, Fim - Inicio);
-        const bool Declaracao =
-            Trecho[0] != '<' || (Trecho.starts_with("<!") && !Trecho.starts_with("<![CDATA["));
-        if (Declaracao && std::count(Trecho.begin(), Trecho.end(), '|') > TLimitesXML::Alternativas)
+        const std::string_view Trecho = ParteDeDeclaracao(Texto.substr(Inicio, Fim - Inicio));
+        if (std::count(Trecho.begin(), Trecho.end(), '|') > TLimitesXML::Alternativas)
             throw ErroDeXML(
                 QStringLiteral("Uma declaração tem mais de %1 alternativas.").arg(TLimitesXML::Alternativas));
         Inicio = Fim;

@@ -21,6 +21,9 @@ TConstrutorXML::TConstrutorXML(std::size_t BytesDoDocumento)
     : FDocumento(new TXMLDocument)
 {
     FCurtos.fill(TXMLDocument::Nenhum);
+    constexpr std::size_t NomesDeCostume = 32;
+    FNumeros.reserve(NomesDeCostume);
+    FDocumento->FNomes.reserve(NomesDeCostume);
     for (const std::string_view Fixo : NomesFixos)
         Nome(Fixo);
     // A small document is stored without growing; a large one grows a few times.

@@ -51,7 +51,7 @@ struct TLimitesXML {
     /// which keeps every position below 2^31.
     static constexpr std::int64_t Entrada = 512LL * 1024 * 1024;
 };
-
+/// What a node of a document is.
 enum class TTipoDeNoXML : std::uint8_t { Elemento, Texto, CDATA, Comentario, Instrucao };
 
 /// The children of a node in document order, for range-based loops. `No` is TCursorXML or IXMLNode.
@@ -244,6 +244,11 @@ public:
     IXMLNode DocumentElement() const;
     /// The document element without a counted handle.
     TCursorXML Raiz() const noexcept { return {this, 0}; }
+    /// The node with that number in document order (TCursorXML::Ordem), nil when there is none.
+    TCursorXML No(std::uint32_t Ordem) const noexcept
+    {
+        return Ordem < Nos() ? TCursorXML(this, Ordem) : TCursorXML();
+    }
     /// Nodes of all kinds in the document.
     std::uint32_t Nos() const noexcept { return static_cast<std::uint32_t>(FNos.size()); }
     /// Bytes of memory that the document keeps.

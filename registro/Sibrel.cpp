@@ -29,6 +29,8 @@ std::span<TModulo *const> ModulosDoPacote() noexcept
 namespace
 {
 
+void (*AvisoDeParada)(const char *Modulo) = nullptr;
+
 // Lives exactly as long as the library is loaded.
 struct TPartida {
     TPartida()
@@ -39,8 +41,11 @@ struct TPartida {
     ~TPartida()
     {
         const auto Modulos = ModulosDoPacote();
-        for (auto M = Modulos.rbegin(); M != Modulos.rend(); ++M)
+        for (auto M = Modulos.rbegin(); M != Modulos.rend(); ++M) {
             (*M)->Parar();
+            if (AvisoDeParada != nullptr && !(*M)->Iniciado())
+                AvisoDeParada((*M)->Nome());
+        }
     }
     TPartida(const TPartida &) = delete;
     TPartida &operator=(const TPartida &) = delete;
@@ -57,4 +62,9 @@ int SibrelModulosIniciados()
     const auto Modulos = Sibrel::ModulosDoPacote();
     return static_cast<int>(std::count_if(Modulos.begin(), Modulos.end(),
                                           [](const Sibrel::TModulo *M) { return M->Iniciado(); }));
+}
+
+void SibrelAvisarParadas(void (*Aviso)(const char *Modulo))
+{
+    Sibrel::AvisoDeParada = Aviso;
 }

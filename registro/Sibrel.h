@@ -18,3 +18,6 @@ SIBREL_EXPORT std::span<TModulo *const> ModulosDoPacote() noexcept;
 
 /// How many of the package's modules are started now; with a plain name, for who loads the library by hand.
 extern "C" SIBREL_EXPORT int SibrelModulosIniciados();
+/// Calls `Aviso` with the name of each module that has stopped while the library is unloaded, in the order in
+/// which they stop; null ends it. For who loads the library by hand.
+extern "C" SIBREL_EXPORT void SibrelAvisarParadas(void (*Aviso)(const char *Modulo));

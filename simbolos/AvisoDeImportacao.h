@@ -8,6 +8,7 @@
 namespace Sibrel
 {
 
+/// What a warning is about.
 enum class TTipoDeAviso : std::uint8_t {
     FonteNaoInstalada, ///< the glyph is drawn with another font
     FiguraAusente,     ///< the picture file is not there; the symbol draws nothing

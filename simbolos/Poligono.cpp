@@ -40,7 +40,8 @@ private:
 } // namespace
 
 TPoligono::TPoligono()
-    : FVertices(std::make_unique<TListaPosicoes>())
+    : ComClasse(clBlack)
+    , FVertices(std::make_unique<TListaPosicoes>())
 {
 }
 
@@ -71,13 +72,6 @@ TRect TPoligono::Area() const
     return Area;
 }
 
-void TPoligono::AplicarEstado(TCanvas &Canvas) const
-{
-    Canvas.Pen.Color = FCorLinha;
-    Canvas.Pen.Style = FEstiloLinha;
-    Canvas.Brush = {FCorFundo, FEstiloFundo};
-}
-
 void TPoligono::Desenhar(TCanvas &Canvas, const TRect &Rect)
 {
     AplicarEstado(Canvas);
@@ -91,7 +85,7 @@ void TPoligono::Desenhar(TCanvas &Canvas, const TRect &Rect)
         Pontos.append({Arredondar(X), Arredondar(Y)});
     }
     const std::span<const TPoint> Todos(Pontos.constData(), static_cast<std::size_t>(Pontos.size()));
-    if (FFechado)
+    if (Fechado())
         Canvas.Polygon(Todos);
     else
         Canvas.Polyline(Todos);
@@ -110,20 +104,15 @@ bool TPoligono::DescreverPintura(const TRect &Rect, TPinturaDoElemento &Pintura)
     const auto [Topo, Base] = std::minmax({Projecao.Y(Cantos[0]), Projecao.Y(Cantos[1])});
     Pintura.Alcance = {Arredondar(Esquerda), Arredondar(Topo), Arredondar(std::nearbyint(Direita) + 1),
                        Arredondar(std::nearbyint(Base) + 1)};
-    Pintura.Hachurada = FFechado && FEstiloFundo > TBrushStyle::bsClear;
-    Pintura.CorDoSistema = FCorLinha.DoSistema() || (FFechado && FCorFundo.DoSistema());
+    DescreverTraco(Fechado(), Pintura);
     return true;
 }
 
 QString TPoligono::ObterXML() const
 {
-    QString Texto = TEscritaDeElemento(u"Poligono")
-                        .Atributo(u"Fechado", FFechado)
-                        .Atributo(u"CorLinha", FCorLinha)
-                        .Atributo(u"CorFundo", FCorFundo)
-                        .Atributo(u"EstiloLinha", static_cast<int>(FEstiloLinha))
-                        .Atributo(u"EstiloFundo", static_cast<int>(FEstiloFundo))
-                        .Fechar(u">");
+    TEscritaDeElemento Escrita(u"Poligono");
+    Escrita.Atributo(u"Fechado", Fechado());
+    QString Texto = EscreverTraco(Escrita).Fechar(u">");
     for (const TPoint &P : FVertices->Pontos())
         Texto += TEscritaDeElemento(u"Ponto").Atributo(u"X", P.X).Atributo(u"Y", P.Y).Fechar();
     return Texto += QStringView(u"</Poligono>");
@@ -131,12 +120,8 @@ QString TPoligono::ObterXML() const
 
 void TPoligono::AtribuirXML(const TCursorXML &No)
 {
-    SeHouver(No, u"Fechado", [this](QStringView T) { AtribuirFechado(SinalDoTexto(T)); });
-    SeHouver(No, u"CorLinha", [this](QStringView T) { AtribuirCorLinha(CorDoTexto(T)); });
-    SeHouver(No, u"CorFundo", [this](QStringView T) { AtribuirCorFundo(CorDoTexto(T)); });
-    SeHouver(No, u"EstiloLinha", [this](QStringView T) { AtribuirEstiloLinha(EstiloDoTexto<TPenStyle>(T)); });
-    SeHouver(No, u"EstiloFundo",
-             [this](QStringView T) { AtribuirEstiloFundo(EstiloDoTexto<TBrushStyle>(T)); });
+    LerFechado(No);
+    LerTraco(No);
     FVertices->Clear();
     for (const TCursorXML &Filho : No.Filhos()) {
         if (!Filho.HasAttribute(u"X") || !Filho.HasAttribute(u"Y"))

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-#include "plataforma/Canvas.h"
-#include "plataforma/Color.h"
-#include "simbolos/ElementoGrafico.h"
+#include "simbolos/ElementoTracado.h"
 #include "simbolos/ListaPosicoes.h"
 
 #include <memory>
@@ -12,26 +10,13 @@ namespace Sibrel
 {
 
 /// A closed, filled polygon or an open line of many points.
-class SIBREL_EXPORT TPoligono : public ComClasse<TPoligono, IElementoGrafico>
+class SIBREL_EXPORT TPoligono : public ComClasse<TPoligono, TElementoTracado>
 {
 public:
     static constexpr const char *NomeDaClasse = "TPoligono";
 
     TPoligono();
     ~TPoligono() override;
-
-    /// True draws a polygon, false (a new one) an open line.
-    bool Fechado() const noexcept { return FFechado; }
-    void AtribuirFechado(bool Fechado) { Mudar(FFechado, Fechado); }
-    /// Black, black, dotted and solid in a new polygon.
-    TColor CorLinha() const noexcept { return FCorLinha; }
-    void AtribuirCorLinha(TColor Cor) { Mudar(FCorLinha, Cor); }
-    TColor CorFundo() const noexcept { return FCorFundo; }
-    void AtribuirCorFundo(TColor Cor) { Mudar(FCorFundo, Cor); }
-    TPenStyle EstiloLinha() const noexcept { return FEstiloLinha; }
-    void AtribuirEstiloLinha(TPenStyle Estilo) { Mudar(FEstiloLinha, Estilo); }
-    TBrushStyle EstiloFundo() const noexcept { return FEstiloFundo; }
-    void AtribuirEstiloFundo(TBrushStyle Estilo) { Mudar(FEstiloFundo, Estilo); }
 
     /// The vertices, figure units; the polygon's own, to be changed in place.
     TListaPosicoes &ObterListaPosicao() noexcept { return *FVertices; }
@@ -47,16 +32,10 @@ public:
     void AtribuirXML(const TCursorXML &No) override;
     std::uint64_t Selo() const override;
     bool DescreverPintura(const TRect &Rect, TPinturaDoElemento &Pintura) const override;
-    void AplicarEstado(TCanvas &Canvas) const override;
 
 private:
     std::unique_ptr<TListaPosicoes> FVertices;
     mutable std::uint64_t FSeloDosVertices = 0; // as last seen
-    bool FFechado = false;
-    TColor FCorLinha = clBlack;
-    TColor FCorFundo = clBlack;
-    TPenStyle FEstiloLinha = TPenStyle::psDot;
-    TBrushStyle FEstiloFundo = TBrushStyle::bsSolid;
 };
 
 } // namespace Sibrel

@@ -15,6 +15,7 @@ class ISimbolo;
 class TTabelaDeSimbolos;
 class TTratadorDeSimbolo;
 
+/// A kind of symbol, and the class that reads and writes it.
 using TRefSimbolo = RefClasse<ISimbolo>;
 using TRefTratador = RefClasse<TTratadorDeSimbolo, TTabelaDeSimbolos *>;
 

@@ -67,7 +67,10 @@ double Coordenada(double Deslocamento, double Valor, bool EmX, double Angulo, do
 
 } // namespace
 
-TSetor::TSetor() = default;
+TSetor::TSetor()
+    : ComClasse(clWhite)
+{
+}
 TSetor::~TSetor() = default;
 
 TElipse::TElipse() = default;
@@ -145,7 +148,7 @@ private:
     void TracarFatia() noexcept
     {
         const double Abertura = FSetor.FAngF - FSetor.FAngI;
-        if (FSetor.FRaioMenor == 0 && FSetor.FFechado) {
+        if (FSetor.FRaioMenor == 0 && FSetor.Fechado()) {
             if (FQuantos > 0)
                 Por(FCentro);
         } else {
@@ -178,13 +181,6 @@ void TSetor::ObterPontos(std::span<TPoint> Pontos, const TRect &Rect) const noex
     TContorno(*this, Pontos, Rect).Tracar();
 }
 
-void TSetor::AplicarEstado(TCanvas &Canvas) const
-{
-    Canvas.Pen.Color = FCorLinha;
-    Canvas.Pen.Style = FEstiloLinha;
-    Canvas.Brush = {FCorFundo, FEstiloFundo};
-}
-
 void TSetor::Desenhar(TCanvas &Canvas, const TRect &Rect)
 {
     AplicarEstado(Canvas);
@@ -193,7 +189,7 @@ void TSetor::Desenhar(TCanvas &Canvas, const TRect &Rect)
         return;
     // On small symbols many of the points coincide; a side without length draws nothing, but it counts in the
     // pattern of a broken line.
-    const bool Tracejada = FEstiloLinha >= TPenStyle::psDash && FEstiloLinha <= TPenStyle::psDashDotDot;
+    const bool Tracejada = EstiloLinha() >= TPenStyle::psDash && EstiloLinha() <= TPenStyle::psDashDotDot;
     const auto Fim = Tracejada ? Pontos.end() : std::unique(Pontos.begin(), Pontos.end());
     Canvas.Polygon({Pontos.begin(), Fim});
 }
@@ -207,42 +203,33 @@ bool TSetor::DescreverPintura(const TRect &Rect, TPinturaDoElemento &Pintura) co
                        Arredondar(C.Y + std::nearbyint(FPosicao.Y - Raio)),
                        Arredondar(C.X + std::nearbyint(FPosicao.X + Raio) + 1),
                        Arredondar(C.Y + std::nearbyint(FPosicao.Y + Raio) + 1)};
-    Pintura.Hachurada = FEstiloFundo > TBrushStyle::bsClear;
-    Pintura.CorDoSistema = FCorLinha.DoSistema() || FCorFundo.DoSistema();
+    DescreverTraco(true, Pintura);
     return true;
 }
 
 QString TSetor::ObterXML() const
 {
-    return TEscritaDeElemento(u"Setor")
-        .Atributo(u"X", FPosicao.X)
+    TEscritaDeElemento Escrita(u"Setor");
+    Escrita.Atributo(u"X", FPosicao.X)
         .Atributo(u"Y", FPosicao.Y)
-        .Atributo(u"Fechado", FFechado)
+        .Atributo(u"Fechado", Fechado())
         .Atributo(u"RaioMaior", DistanciaToStr(FRaioMaior, false))
         .Atributo(u"RaioMenor", DistanciaToStr(FRaioMenor, false))
         .Atributo(u"AngI", AnguloToStr(FAngI, false))
-        .Atributo(u"fAngF", AnguloToStr(FAngF, false)) // not the name that is read: figures on disk have it
-        .Atributo(u"CorLinha", FCorLinha)
-        .Atributo(u"CorFundo", FCorFundo)
-        .Atributo(u"EstiloLinha", static_cast<int>(FEstiloLinha))
-        .Atributo(u"EstiloFundo", static_cast<int>(FEstiloFundo))
-        .Fechar();
+        .Atributo(u"fAngF", AnguloToStr(FAngF, false)); // not the name that is read: figures on disk have it
+    return EscreverTraco(Escrita).Fechar();
 }
 
 void TSetor::AtribuirXML(const TCursorXML &No)
 {
     SeHouver(No, u"X", [this](QStringView T) { AtribuirX(StrToInt(T)); });
     SeHouver(No, u"Y", [this](QStringView T) { AtribuirY(StrToInt(T)); });
-    SeHouver(No, u"Fechado", [this](QStringView T) { AtribuirFechado(SinalDoTexto(T)); });
+    LerFechado(No);
     SeHouver(No, u"RaioMaior", [this](QStringView T) { AtribuirRaioMaior(StrToDistancia(T)); });
     SeHouver(No, u"RaioMenor", [this](QStringView T) { AtribuirRaioMenor(StrToDistancia(T)); });
     SeHouver(No, u"AngI", [this](QStringView T) { AtribuirAngI(StrToAngulo(T)); });
     SeHouver(No, u"AngF", [this](QStringView T) { AtribuirAngF(StrToAngulo(T)); });
-    SeHouver(No, u"CorLinha", [this](QStringView T) { AtribuirCorLinha(CorDoTexto(T)); });
-    SeHouver(No, u"CorFundo", [this](QStringView T) { AtribuirCorFundo(CorDoTexto(T)); });
-    SeHouver(No, u"EstiloLinha", [this](QStringView T) { AtribuirEstiloLinha(EstiloDoTexto<TPenStyle>(T)); });
-    SeHouver(No, u"EstiloFundo",
-             [this](QStringView T) { AtribuirEstiloFundo(EstiloDoTexto<TBrushStyle>(T)); });
+    LerTraco(No);
 }
 
 } // namespace Sibrel

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-#include "plataforma/Canvas.h"
-#include "plataforma/Color.h"
-#include "simbolos/ElementoGrafico.h"
+#include "simbolos/ElementoTracado.h"
 
 #include <span>
 
@@ -16,7 +14,7 @@ namespace Sibrel
 /// Equal angles make a full disc or, with an inner radius above 0, a ring. Different ones make a slice; with
 /// an inner radius of 0 it reaches the centre in one point when Fechado, else in 25. The element's own X, Y
 /// is added to its device position unscaled: figures have their sectors at (0, 0) for that reason.
-class SIBREL_EXPORT TSetor : public ComClasse<TSetor, IElementoGrafico>
+class SIBREL_EXPORT TSetor : public ComClasse<TSetor, TElementoTracado>
 {
 public:
     static constexpr const char *NomeDaClasse = "TSetor";
@@ -31,9 +29,6 @@ public:
     void AtribuirX(std::int32_t X) { Mudar(FPosicao.X, X); }
     std::int32_t Y() const noexcept { return FPosicao.Y; }
     void AtribuirY(std::int32_t Y) { Mudar(FPosicao.Y, Y); }
-    /// False in a new sector.
-    bool Fechado() const noexcept { return FFechado; }
-    void AtribuirFechado(bool Fechado) { Mudar(FFechado, Fechado); }
     /// Outer and inner radius, figure units; -1 in a new sector.
     double RaioMaior() const noexcept { return FRaioMaior; }
     void AtribuirRaioMaior(double Raio) { Mudar(FRaioMaior, Raio); }
@@ -44,23 +39,12 @@ public:
     void AtribuirAngI(double Angulo) { Mudar(FAngI, Angulo); }
     double AngF() const noexcept { return FAngF; }
     void AtribuirAngF(double Angulo) { Mudar(FAngF, Angulo); }
-    /// Black, white, dotted and solid in a new sector.
-    TColor CorLinha() const noexcept { return FCorLinha; }
-    void AtribuirCorLinha(TColor Cor) { Mudar(FCorLinha, Cor); }
-    TColor CorFundo() const noexcept { return FCorFundo; }
-    void AtribuirCorFundo(TColor Cor) { Mudar(FCorFundo, Cor); }
-    TPenStyle EstiloLinha() const noexcept { return FEstiloLinha; }
-    void AtribuirEstiloLinha(TPenStyle Estilo) { Mudar(FEstiloLinha, Estilo); }
-    TBrushStyle EstiloFundo() const noexcept { return FEstiloFundo; }
-    void AtribuirEstiloFundo(TBrushStyle Estilo) { Mudar(FEstiloFundo, Estilo); }
-
     /// The box of the whole outer circle; inner radius and angles play no part.
     TRect Area() const override;
     QString ObterXML() const override;
     void Desenhar(TCanvas &Canvas, const TRect &Rect) override;
     void AtribuirXML(const TCursorXML &No) override;
     bool DescreverPintura(const TRect &Rect, TPinturaDoElemento &Pintura) const override;
-    void AplicarEstado(TCanvas &Canvas) const override;
 
     /// The point at an angle and a radius (device pixels) around `Centro`, displaced by the element's X, Y.
     TPoint ObterPonto(double Angulo, double Raio, const TPoint &Centro) const noexcept;
@@ -72,15 +56,10 @@ private:
     class TContorno;
 
     TPoint FPosicao;
-    bool FFechado = false;
     double FRaioMaior = -1.0;
     double FRaioMenor = -1.0;
     double FAngI = -1.0;
     double FAngF = -1.0;
-    TColor FCorLinha = clBlack;
-    TColor FCorFundo = clWhite;
-    TPenStyle FEstiloLinha = TPenStyle::psDot;
-    TBrushStyle FEstiloFundo = TBrushStyle::bsSolid;
 };
 
 /// A sector under another name: it measures, draws and is written as one, and no figure file makes one.

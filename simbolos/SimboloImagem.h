@@ -85,6 +85,7 @@ private:
     bool FEsticar = false;
 };
 
+/// The module of the control; its start and stop do nothing.
 SIBREL_EXPORT TModulo &ModuloSimboloImagem() noexcept;
 
 } // namespace Sibrel

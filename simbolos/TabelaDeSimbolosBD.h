@@ -41,6 +41,7 @@ public:
     void ImportarBD(TClientDataSet &DataSet);
 };
 
+/// The module of the table; its start and stop do nothing.
 SIBREL_EXPORT TModulo &ModuloTabelaDeSimbolosBD() noexcept;
 
 } // namespace Sibrel

@@ -2,7 +2,6 @@
 #include "simbolos/Texto.h"
 
 #include "lumbrix/RotacionarFonte.h"
-#include "plataforma/Bitmap.h"
 #include "plataforma/FontesInstaladas.h"
 #include "simbolos/GeometriaDeElementos.h"
 #include "simbolos/XMLDeElementos.h"
@@ -52,33 +51,19 @@ unsigned TTexto::Alinhamento() const noexcept
     return TA_BASELINE | Bandeira(Verticais, FVertical) | Bandeira(Horizontais, FHorizontal);
 }
 
-void TTexto::Medir() const
+// Fonts are in pixels at 96 an inch on every surface, so that a line measures the same for all of them.
+const TLinhaDeTexto &TTexto::Linha() const
 {
     const std::uint64_t Agora = Selo();
     const std::uint64_t Fontes = GeracaoDasFontes();
-    if (FMedida.Selo == Agora && FMedida.Fontes == Fontes)
-        return;
-    // Fonts are in pixels at 96 an inch on every surface, so that a scratch one measures like any other.
-    TBitmap Rascunho;
-    Rascunho.Canvas().Font = FFonte;
-    FMedida = {Agora, Fontes, Rascunho.Canvas().TextWidth(FTexto), Rascunho.Canvas().TextHeight(FTexto)};
-}
-
-int TTexto::Largura() const
-{
-    Medir();
-    return FMedida.Largura;
-}
-
-int TTexto::AlturaDaLinha() const
-{
-    Medir();
-    return FMedida.Altura;
+    if (FMedida.Selo != Agora || FMedida.Fontes != Fontes)
+        FMedida = {Agora, Fontes, TLinhaDeTexto(FFonte, FTexto)};
+    return FMedida.Linha;
 }
 
 TRect TTexto::Area() const
 {
-    const std::int64_t L = Largura();
+    const std::int64_t L = Linha().Largura();
     const std::int64_t A = L; // deliberately the width: figures were composed with square text boxes
     const auto Lados = [](int Alinhamento, std::int64_t Em, std::int64_t Tamanho) {
         switch (Alinhamento) {
@@ -107,22 +92,24 @@ void TTexto::AplicarEstado(TCanvas &Canvas) const
 void TTexto::Desenhar(TCanvas &Canvas, const TRect &)
 {
     AplicarEstado(Canvas);
+    const TLinhaDeTexto ComAFonteDeAntes = Linha();
     // Behind the assignment: the canvas gets the rotation when the text is next drawn.
     RotacionarFonte(FFonte, FOrientacao);
-    Canvas.TextOut(FPosicao.X, FPosicao.Y, FTexto);
+    Canvas.TextOut(FPosicao.X, FPosicao.Y, ComAFonteDeAntes);
 }
 
 // The line and, since glyphs may reach beyond it and beyond their advance, a part of its height more.
 TRect TTexto::Alcance() const
 {
-    const double Folga = 0.75 * AlturaDaLinha() + 2;
+    const int Largura = Linha().Largura();
+    const int Altura = Linha().Altura();
+    const double Folga = 0.75 * Altura + 2;
     double Inicio = 0;
     if ((Alinhamento() & TA_CENTER) == TA_CENTER)
-        Inicio = -Largura() / 2.0;
+        Inicio = -Largura / 2.0;
     else if ((Alinhamento() & TA_RIGHT) == TA_RIGHT)
-        Inicio = -Largura();
-    const QRectF Deitado(Inicio - Folga, -AlturaDaLinha() - Folga, Largura() + 2 * Folga,
-                         2 * AlturaDaLinha() + 2 * Folga);
+        Inicio = -Largura;
+    const QRectF Deitado(Inicio - Folga, -Altura - Folga, Largura + 2 * Folga, 2 * Altura + 2 * Folga);
     const QRectF R = QTransform().rotate(-FFonte.Orientation() / 10.0).mapRect(Deitado);
     return {Arredondar(FPosicao.X + std::floor(R.left())), Arredondar(FPosicao.Y + std::floor(R.top())),
             Arredondar(FPosicao.X + std::ceil(R.right())), Arredondar(FPosicao.Y + std::ceil(R.bottom()))};

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "plataforma/Font.h"
+#include "plataforma/LinhaDeTexto.h"
 #include "simbolos/ElementoGrafico.h"
 
 #include <QString>
@@ -9,11 +10,13 @@
 namespace Sibrel
 {
 
+/// Where a text stands beside its X; the ordinals are those of figure files.
 enum class TAlinhamentoHorizontal : std::uint8_t {
     ahEsquerda, ///< the text starts at X
     ahDireita,  ///< it ends at X
     ahCentro    ///< it is centred on X
 };
+/// Where a text stands above or below its Y; the ordinals are those of figure files.
 enum class TAlinhamentoVertical : std::uint8_t {
     avAbaixo, ///< the text hangs below Y
     avAcima,  ///< it stands above Y
@@ -66,10 +69,8 @@ public:
     void AplicarEstado(TCanvas &Canvas) const override;
 
 private:
-    int Largura() const;
-    int AlturaDaLinha() const;
+    const TLinhaDeTexto &Linha() const;
     TRect Alcance() const;
-    void Medir() const;
 
     TPoint FPosicao;
     TFont FFonte;
@@ -83,8 +84,7 @@ private:
     struct TMedida {
         std::uint64_t Selo = 0;
         std::uint64_t Fontes = 0;
-        int Largura = 0;
-        int Altura = 0;
+        TLinhaDeTexto Linha;
     };
     mutable TMedida FMedida;
 };

@@ -2,6 +2,7 @@
 #include "hospedeiro/AplicarDocumento.h"
 
 #include "hospedeiro/ArvoreDoHospedeiro.h"
+#include "hospedeiro/BancoDoExercicio.h"
 #include "hospedeiro/DescricaoDaArvore.h"
 
 #include "plataforma/Exception.h"
@@ -28,27 +29,40 @@ struct TAndamento {
     }
 };
 
-} // namespace
-
-int AplicarDocumento(TArvoreDoHospedeiro &Arvore, const QString &Arquivo)
+// `Origem`: where the document comes from, with its name in angle brackets.
+template <class F>
+int Aplicar(TArvoreDoHospedeiro &Arvore, const QString &Origem, const F &Iniciar)
 {
     TAndamento Andamento;
     const auto Ligacao = QObject::connect(
         &Arvore, &Sibrel::TTreeViewXML::Progresso, &Arvore,
         [&Andamento](Sibrel::TPreparaAtualizacao *A) { Andamento.Notar(*A); }, Qt::DirectConnection);
     try {
-        Arvore.Ler(Arquivo, true);
+        Iniciar();
     } catch (const Sibrel::Exception &E) {
         QObject::disconnect(Ligacao);
-        throw Sibrel::Exception(E.Message, DetalheDoArquivo(E, Arquivo));
+        throw Sibrel::Exception(E.Message, DetalheComOrigem(E, Origem));
     }
     while (!Arvore.Atualizacoes().empty())
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     QObject::disconnect(Ligacao);
     if (Andamento.Etapa != u"Terminado")
         throw Sibrel::Exception(
-            Andamento.Etapa, DetalheDoArquivo(Sibrel::Exception(Andamento.Etapa, Andamento.Falhas), Arquivo));
+            Andamento.Etapa, DetalheComOrigem(Sibrel::Exception(Andamento.Etapa, Andamento.Falhas), Origem));
     return Andamento.Operacoes;
+}
+
+} // namespace
+
+int AplicarDocumento(TArvoreDoHospedeiro &Arvore, const QString &Arquivo)
+{
+    return Aplicar(Arvore, QStringLiteral("Arquivo <%1>").arg(Arquivo), [&] { Arvore.Ler(Arquivo, true); });
+}
+
+int AplicarBanco(TArvoreDoHospedeiro &Arvore, TBancoDoExercicio &Banco)
+{
+    return Aplicar(Arvore, QStringLiteral("Banco <%1>").arg(Banco.Nome()),
+                   [&] { Banco.CarregarUnidades(Arvore); });
 }
 
 } // namespace Hospedeiro

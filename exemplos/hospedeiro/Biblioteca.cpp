@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "hospedeiro/Biblioteca.h"
 
+#include "hospedeiro/BancoDoExercicio.h"
 #include "hospedeiro/DescricaoDeSimbolo.h"
 #include "hospedeiro/FontesDaBiblioteca.h"
 #include "hospedeiro/PinturaDeSimbolo.h"
 
 #include "plataforma/Arquivo.h"
+#include "plataforma/FontesInstaladas.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -20,16 +22,42 @@ QString TextoDoAviso(const TAviso &Aviso)
                            : QStringLiteral("Aviso: %1").arg(Aviso.Texto);
 }
 
-void TBiblioteca::Abrir(const QString &Arquivo, TFontesDaBiblioteca &Fontes)
+void TBiblioteca::CarregarFontes(const QString &Lugar, TFontesDaBiblioteca &Fontes)
 {
-    const QStringList Recusadas = Fontes.Carregar(Arquivo);
+    const QStringList Recusadas = Fontes.Carregar(Lugar);
     for (const QString &Fonte : Recusadas)
         FAvisos.push_back({0, QStringLiteral("A fonte do arquivo <%1> não pode ser carregada.").arg(Fonte)});
+}
+
+void TBiblioteca::Abrir(const QString &Arquivo, TFontesDaBiblioteca &Fontes)
+{
+    CarregarFontes(Arquivo, Fontes);
     // An import works in the folder of its library and, when it fails, stays there.
     const auto Voltar = qScopeGuard([Pasta = QDir::currentPath()] { QDir::setCurrent(Pasta); });
     const auto Guardar = qScopeGuard([this] { GuardarAvisos(); });
     FTabela.Importar(Arquivo);
     PrepararSimbolos(FTabela.Simbolos());
+}
+
+void TBiblioteca::AbrirBanco(TBancoDoExercicio &Banco, TFontesDaBiblioteca &Fontes)
+{
+    CarregarFontes(Banco.LugarDasFontes(), Fontes);
+    Banco.LerSimbolos(FTabela);
+    FBanco = Banco.Nome();
+    AvisarDasFontes();
+}
+
+QString TBiblioteca::Origem() const
+{
+    return Arquivo().isEmpty() ? FBanco : Arquivo();
+}
+
+void TBiblioteca::AvisarDasFontes()
+{
+    const QStringList Fontes = FontesDosSimbolos(FTabela.Simbolos());
+    for (const QString &Fonte : Fontes)
+        if (!Sibrel::FonteInstalada(Fonte))
+            FAvisos.push_back({0, QStringLiteral("A fonte <%1> não está instalada.").arg(Fonte)});
 }
 
 void TBiblioteca::GuardarAvisos()

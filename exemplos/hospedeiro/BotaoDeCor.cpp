@@ -12,15 +12,20 @@ TBotaoDeCor::TBotaoDeCor(QWidget *Dono)
     : QToolButton(Dono)
 {
     setText(tr("&Cor"));
-    setToolTip(tr("Cor dos glifos"));
     setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     setFocusPolicy(Qt::StrongFocus);
-    Mostrar();
+    AtribuirDescricao(tr("Cor dos glifos"));
     connect(this, &QToolButton::clicked, this, [this] {
-        if (const QColor Escolhida = QColorDialog::getColor(FCor, this, tr("Cor dos glifos"));
-            Escolhida.isValid())
+        if (const QColor Escolhida = QColorDialog::getColor(FCor, this, FDescricao); Escolhida.isValid())
             AtribuirCor(Escolhida);
     });
+}
+
+void TBotaoDeCor::AtribuirDescricao(const QString &Descricao)
+{
+    FDescricao = Descricao;
+    setToolTip(Descricao);
+    Mostrar();
 }
 
 void TBotaoDeCor::AtribuirCor(const QColor &Cor)
@@ -41,7 +46,7 @@ void TBotaoDeCor::Mostrar()
     Pintor.drawRect(Amostra.rect().adjusted(0, 0, -1, -1));
     Pintor.end();
     setIcon(Amostra);
-    setAccessibleName(tr("Cor dos glifos: %1").arg(FCor.name()));
+    setAccessibleName(tr("%1: %2").arg(FDescricao, FCor.name()));
 }
 
 } // namespace Hospedeiro

@@ -15,6 +15,9 @@ class TBotaoDeCor : public QToolButton
 public:
     explicit TBotaoDeCor(QWidget *Dono = nullptr);
 
+    /// What the colour is of, for tooltip, dialog and assistive tools; "Cor dos glifos" in a new button.
+    void AtribuirDescricao(const QString &Descricao);
+
     const QColor &Cor() const noexcept { return FCor; }
     /// Emits CorMudou when the colour is another one.
     void AtribuirCor(const QColor &Cor);
@@ -25,6 +28,7 @@ Q_SIGNALS:
 private:
     void Mostrar();
 
+    QString FDescricao;
     QColor FCor = Qt::black;
 };
 

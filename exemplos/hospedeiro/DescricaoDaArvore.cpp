@@ -38,8 +38,7 @@ void DescreverNo(QString &Linha, const TTreeNodeXML &No)
 // The update's own last word says no more than that one of its elements failed.
 bool SoRepete(const TFalhaDeAtualizacao &Falha)
 {
-    return Falha.Caminho.isEmpty() && Falha.Detalhe.isEmpty() &&
-           Falha.Mensagem == u"XML em formato inválido!";
+    return Falha.Detalhe.isEmpty() && Falha.Mensagem == u"XML em formato inválido!";
 }
 
 QString TextoDaFalha(const TFalhaDeAtualizacao &Falha)
@@ -78,13 +77,12 @@ QString TextoDasFalhas(const std::vector<TFalhaDeAtualizacao> &Falhas)
     return Linhas.join(u'\n');
 }
 
-QString DetalheDoArquivo(const Exception &Erro, const QString &Arquivo)
+QString DetalheComOrigem(const Exception &Erro, const QString &Origem)
 {
-    const QString Nome = QStringLiteral("<%1>").arg(Arquivo);
+    const QString Nome = Origem.sliced(Origem.indexOf(u'<'));
     if (Erro.Message.contains(Nome) || Erro.Detalhe.contains(Nome))
         return Erro.Detalhe;
-    return QStringLiteral("Arquivo %1").arg(Nome) +
-           (Erro.Detalhe.isEmpty() ? QStringLiteral(".") : QStringLiteral(":\n") + Erro.Detalhe);
+    return Origem + (Erro.Detalhe.isEmpty() ? QStringLiteral(".") : QStringLiteral(":\n") + Erro.Detalhe);
 }
 
 } // namespace Hospedeiro

@@ -51,17 +51,34 @@ QString ArquivoDoSimbolo(const ISimbolo &Simbolo)
     return {};
 }
 
-void JuntarArquivos(const TListaSimbolo &Simbolos, QStringList &Nomes, QSet<QString> &Vistos)
+QString FonteDoSimbolo(const ISimbolo &Simbolo)
+{
+    const auto *Fonte = dynamic_cast<const TSimboloFonte *>(&Simbolo);
+    return Fonte != nullptr ? Fonte->Fonte.Name() : QString();
+}
+
+// What `NomeDe` says of each symbol and part, each name once.
+template <class F>
+void JuntarNomes(const TListaSimbolo &Simbolos, const F &NomeDe, QStringList &Nomes, QSet<QString> &Vistos)
 {
     for (const auto &Simbolo : Simbolos) {
-        const QString Nome = ArquivoDoSimbolo(*Simbolo);
+        const QString Nome = NomeDe(*Simbolo);
         if (!Nome.isEmpty() && !Vistos.contains(Nome)) {
             Vistos.insert(Nome);
             Nomes.append(Nome);
         }
         if (const TListaSimbolo *Partes = PartesDoSimbolo(*Simbolo))
-            JuntarArquivos(*Partes, Nomes, Vistos);
+            JuntarNomes(*Partes, NomeDe, Nomes, Vistos);
     }
+}
+
+template <class F>
+QStringList NomesDosSimbolos(const TListaSimbolo &Simbolos, const F &NomeDe)
+{
+    QStringList Nomes;
+    QSet<QString> Vistos;
+    JuntarNomes(Simbolos, NomeDe, Nomes, Vistos);
+    return Nomes;
 }
 
 } // namespace
@@ -99,10 +116,12 @@ const TListaSimbolo *PartesDoSimbolo(const ISimbolo &Simbolo)
 
 QStringList ArquivosDosSimbolos(const TListaSimbolo &Simbolos)
 {
-    QStringList Nomes;
-    QSet<QString> Vistos;
-    JuntarArquivos(Simbolos, Nomes, Vistos);
-    return Nomes;
+    return NomesDosSimbolos(Simbolos, &ArquivoDoSimbolo);
+}
+
+QStringList FontesDosSimbolos(const TListaSimbolo &Simbolos)
+{
+    return NomesDosSimbolos(Simbolos, &FonteDoSimbolo);
 }
 
 QString ListaDaTabela(const TTabelaDeSimbolos &Tabela)

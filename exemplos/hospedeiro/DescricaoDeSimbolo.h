@@ -29,6 +29,8 @@ const Sibrel::TListaSimbolo *PartesDoSimbolo(const Sibrel::ISimbolo &Simbolo);
 
 /// The files that the symbols and their parts read, each name once, in order.
 QStringList ArquivosDosSimbolos(const Sibrel::TListaSimbolo &Simbolos);
+/// The fonts of their glyphs, in the same way.
+QStringList FontesDosSimbolos(const Sibrel::TListaSimbolo &Simbolos);
 
 /// The list of a table, one line a symbol or part, each ended by a line feed; the format is that of the help.
 QString ListaDaTabela(const Sibrel::TTabelaDeSimbolos &Tabela);

@@ -9,6 +9,8 @@
 
 #include <QFileInfo>
 
+#include <utility>
+
 namespace Hospedeiro
 {
 
@@ -23,17 +25,27 @@ TFilaDeDocumentos::TFilaDeDocumentos(TArvoreDoHospedeiro &Arvore, TRegistroDeAtu
             Qt::QueuedConnection);
 }
 
+QString TFilaDeDocumentos::TDocumento::Origem() const
+{
+    return (Carregar ? QStringLiteral("Banco <%1>") : QStringLiteral("Arquivo <%1>")).arg(Arquivo);
+}
+
 void TFilaDeDocumentos::Abrir(const QString &Arquivo)
+{
+    AbrirCom(Arquivo, {});
+}
+
+void TFilaDeDocumentos::AbrirCom(const QString &Nome, std::function<void()> Carregar)
 {
     FEsperando.clear();
     Cancelar();
-    FEsperando.push_back({Arquivo, true, true});
+    FEsperando.push_back({Nome, true, true, std::move(Carregar)});
     Proximo();
 }
 
 void TFilaDeDocumentos::Acrescentar(const QString &Arquivo, bool Avisar)
 {
-    FEsperando.push_back({Arquivo, false, Avisar});
+    FEsperando.push_back({Arquivo, false, Avisar, {}});
     Proximo();
 }
 
@@ -61,11 +73,14 @@ void TFilaDeDocumentos::Ler(const TDocumento &Documento)
 {
     FRegistro.Anunciar(QFileInfo(Documento.Arquivo).fileName());
     try {
-        FArvore.Ler(Documento.Arquivo, true);
+        if (Documento.Carregar)
+            Documento.Carregar();
+        else
+            FArvore.Ler(Documento.Arquivo, true);
     } catch (const Sibrel::Exception &E) {
         FRegistro.Recusar(E);
         if (Documento.Avisar)
-            Q_EMIT Recusado(E.Message, DetalheDoArquivo(E, Documento.Arquivo));
+            Q_EMIT Recusado(E.Message, DetalheComOrigem(E, Documento.Origem()));
         return;
     }
     // Only now that there is something to take their place; the update begins with the next event.

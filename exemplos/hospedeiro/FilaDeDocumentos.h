@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <deque>
+#include <functional>
 
 namespace Hospedeiro
 {
@@ -25,6 +26,9 @@ public:
     /// In place of all nodes and of all that is on its way. A file that holds no document leaves the nodes as
     /// they are.
     void Abrir(const QString &Arquivo);
+    /// The same for what is no file: `Carregar` gives the tree its document in place of all nodes, or raises
+    /// Sibrel::Exception and leaves them as they are. `Nome` stands for it in the log.
+    void AbrirCom(const QString &Nome, std::function<void()> Carregar);
     /// Behind all that is on its way. `Avisar`: somebody waits for it and wants to know when it is refused.
     void Acrescentar(const QString &Arquivo, bool Avisar = true);
     /// Ends what runs; what waits comes next.
@@ -45,6 +49,9 @@ private:
         QString Arquivo;
         bool EmLugarDeTudo;
         bool Avisar;
+        std::function<void()> Carregar; // empty for a file
+
+        QString Origem() const;
     };
     void Proximo();
     void Ler(const TDocumento &Documento);

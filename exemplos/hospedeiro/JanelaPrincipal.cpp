@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "hospedeiro/JanelaPrincipal.h"
 
+#include "hospedeiro/BancoDoExercicio.h"
 #include "hospedeiro/FolhaDeSimbolos.h"
 #include "hospedeiro/FolhaEmImagem.h"
+#include "hospedeiro/Galeria.h"
 #include "hospedeiro/JanelaDaFigura.h"
 #include "hospedeiro/PaginaDeSimbolos.h"
 #include "hospedeiro/PainelDaArvore.h"
@@ -68,6 +70,7 @@ TJanelaPrincipal::TJanelaPrincipal(QWidget *Dono)
     , FPaginas(new QTabWidget(this))
     , FPaginaDeSimbolos(new TPaginaDeSimbolos)
     , FPainelDaArvore(new TPainelDaArvore)
+    , FGaleria(new TGaleria)
     , FAvisos(new TPainelDeAvisos(this))
 {
     FPaginas->setDocumentMode(true);
@@ -80,7 +83,9 @@ TJanelaPrincipal::TJanelaPrincipal(QWidget *Dono)
     FPaginaDeSimbolos->AtribuirBiblioteca(FBiblioteca.get());
     FPainelDaArvore->AtribuirTabela(&FBiblioteca->Tabela());
     AcrescentarPagina(FPaginaDeSimbolos);
+    FPaginaDeSimbolos->AcrescentarAoMenu(FAvisos->toggleViewAction());
     AcrescentarPagina(FPainelDaArvore);
+    AcrescentarPagina(FGaleria);
     connect(FPaginaDeSimbolos, &TPaginaDeSimbolos::SimboloAtivado, this,
             &TJanelaPrincipal::MostrarFiguraDoSimbolo);
     setAcceptDrops(true);
@@ -129,12 +134,35 @@ bool TJanelaPrincipal::Abrir(const QString &Arquivo)
         MostrarErro(E.Message, E.Detalhe);
         return false;
     }
+    Trocar(std::move(Nova), Arquivo);
+    return true;
+}
+
+// `Lugar`: the file beside which pictures may stand.
+void TJanelaPrincipal::Trocar(std::unique_ptr<TBiblioteca> Nova, const QString &Lugar)
+{
     FPaginaDeSimbolos->AtribuirBiblioteca(Nova.get());
     FPainelDaArvore->AtribuirTabela(&Nova->Tabela());
     FBiblioteca = std::move(Nova);
-    FAvisos->Mostrar(FBiblioteca->Avisos(), Arquivo);
+    FAvisos->Mostrar(FBiblioteca->Avisos(), FBiblioteca->Origem());
     FPaginaDeSimbolos->Folha().IrPara(0);
-    return true;
+    FGaleria->AtribuirBiblioteca(Lugar);
+    MostrarEstado();
+}
+
+void TJanelaPrincipal::AbrirBanco(const QString &Endereco)
+{
+    auto Nova = std::make_shared<std::unique_ptr<TBiblioteca>>(std::make_unique<TBiblioteca>());
+    std::shared_ptr<TBancoDoExercicio> Banco;
+    try {
+        Banco = std::make_shared<TBancoDoExercicio>(Endereco);
+        (*Nova)->AbrirBanco(*Banco, FFontes);
+    } catch (const Sibrel::Exception &E) {
+        MostrarErro(E.Message, E.Detalhe);
+        return;
+    }
+    const QString Lugar = Banco->LugarDasFontes();
+    FPainelDaArvore->AbrirBanco(std::move(Banco), [this, Nova, Lugar] { Trocar(std::move(*Nova), Lugar); });
 }
 
 bool TJanelaPrincipal::AbrirFigura(const QString &Arquivo)
@@ -202,6 +230,9 @@ void TJanelaPrincipal::MontarMenuArquivo()
     QAction *AbrirAcao =
         Menu->addAction(tr("&Abrir biblioteca..."), this, &TJanelaPrincipal::PerguntarEAbrir);
     AbrirAcao->setShortcut(QKeySequence::Open);
+    QAction *BancoAcao =
+        Menu->addAction(tr("Abrir &banco..."), this, &TJanelaPrincipal::PerguntarEAbrirBanco);
+    BancoAcao->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_B));
     QAction *FiguraAcao =
         Menu->addAction(tr("Abrir f&igura..."), this, &TJanelaPrincipal::PerguntarEAbrirFigura);
     FiguraAcao->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_O));
@@ -244,6 +275,15 @@ void TJanelaPrincipal::PerguntarEAbrir()
         this, tr("Abrir biblioteca"), QFileInfo(FBiblioteca->Arquivo()).path(), FiltroDeBibliotecas());
     if (!Arquivo.isEmpty())
         Abrir(Arquivo);
+}
+
+void TJanelaPrincipal::PerguntarEAbrirBanco()
+{
+    const QString Arquivo = QFileDialog::getOpenFileName(
+        this, tr("Abrir banco"), QFileInfo(FBiblioteca->Arquivo()).path(),
+        tr("Bancos de dados SQLite (*.sqlite *.sqlite3 *.db);;Todos os arquivos (*)"));
+    if (!Arquivo.isEmpty())
+        AbrirBanco(Arquivo);
 }
 
 void TJanelaPrincipal::PerguntarEAbrirFigura()
@@ -309,7 +349,9 @@ void TJanelaPrincipal::dropEvent(QDropEvent *Evento)
 // Figures and trees are both XML: the document element tells them apart.
 void TJanelaPrincipal::AbrirSolto(const QString &Arquivo)
 {
-    if (!Arquivo.endsWith(QLatin1String(".xml"), Qt::CaseInsensitive)) {
+    if (Arquivo.endsWith(QLatin1String(".sqlite"), Qt::CaseInsensitive)) {
+        AbrirBanco(Arquivo);
+    } else if (!Arquivo.endsWith(QLatin1String(".xml"), Qt::CaseInsensitive)) {
         Abrir(Arquivo);
     } else if (EFigura(Arquivo)) {
         AbrirFigura(Arquivo);

@@ -19,12 +19,14 @@ class TSimboloVetorial;
 namespace Hospedeiro
 {
 
+class TGaleria;
 class TPagina;
 class TPaginaDeSimbolos;
 class TPainelDaArvore;
 class TPainelDeAvisos;
 
-/// The window: a symbol library as a sheet and a tree drawn with its symbols, each on its page.
+/// The window: a symbol library as a sheet, a tree drawn with its symbols and a gallery of silhouettes, each
+/// on its page.
 class TJanelaPrincipal : public QMainWindow
 {
     Q_OBJECT
@@ -41,6 +43,9 @@ public:
     /// Opens a library in place of the present one. On an error tells the user and keeps the present one;
     /// false then.
     bool Abrir(const QString &Arquivo);
+    /// Opens the symbols and the units of a database (TBancoDoExercicio) in place of library and tree: both,
+    /// when the units too have been read, or, with a message to the user, none.
+    void AbrirBanco(const QString &Endereco);
     /// Opens a figure file in a window of its own, beside the library. False and a message on an error.
     bool AbrirFigura(const QString &Arquivo);
     /// Writes the library; false and a message to the user on an error.
@@ -50,6 +55,7 @@ public:
 
     const TBiblioteca &Biblioteca() const noexcept { return *FBiblioteca; }
     TPainelDaArvore &PainelDaArvore() noexcept { return *FPainelDaArvore; }
+    TGaleria &Galeria() noexcept { return *FGaleria; }
 
 protected:
     void dragEnterEvent(QDragEnterEvent *Evento) override;
@@ -66,7 +72,9 @@ private:
     void MontarEstado();
     TPagina *PaginaAtual() const;
 
+    void Trocar(std::unique_ptr<TBiblioteca> Nova, const QString &Lugar);
     void PerguntarEAbrir();
+    void PerguntarEAbrirBanco();
     void PerguntarEAbrirFigura();
     void MostrarFiguraDoSimbolo(int Indice);
     void PerguntarEExportar();
@@ -79,6 +87,7 @@ private:
     QTabWidget *FPaginas;
     TPaginaDeSimbolos *FPaginaDeSimbolos;
     TPainelDaArvore *FPainelDaArvore;
+    TGaleria *FGaleria;
     TPainelDeAvisos *FAvisos;
     QLabel *FContagem = nullptr;
     QLabel *FAtual = nullptr;

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <string_view>
+#include <utility>
 
 namespace Hospedeiro
 {
@@ -44,6 +45,11 @@ QString Descricao()
         "id.RÓTULO=valor para cada par da identificação, info.RÓTULO=valor para cada informação e, conforme\n"
         "o nó, link e apagado.\n"
         "\n"
+        "Com --banco, os símbolos são os da tabela SIMBOLOS e a árvore é a da tabela UNIDADES: --folha e\n"
+        "--exportar são dos símbolos, --listar e --captura da árvore. Um servidor também pode ser dado pela\n"
+        "pasta do seu soquete: postgresql://usuário@/banco?host=/pasta. As fontes de um servidor são as da\n"
+        "pasta \"fontes\" da pasta atual.\n"
+        "\n"
         "As fontes da pasta \"fontes\" ao lado da biblioteca são usadas sem instalar. Avisos e erros vão\n"
         "para a saída de erros; depois de um erro o código de saída é 1.");
 }
@@ -73,6 +79,11 @@ struct TOpcoes {
                               QStringLiteral("ARQUIVO")};
     QCommandLineOption Captura{QStringLiteral("captura"), QStringLiteral("Desenha a figura ou a árvore."),
                                QStringLiteral("IMAGEM")};
+    QCommandLineOption Banco{
+        QStringLiteral("banco"),
+        QStringLiteral("Banco de dados de onde vêm os símbolos e a árvore: um arquivo SQLite ou\n"
+                       "postgresql://usuário@servidor/banco?opções."),
+        QStringLiteral("ENDEREÇO")};
     QCommandLineOption Arvore{QStringLiteral("arvore"), QStringLiteral("Documento de árvore a abrir."),
                               QStringLiteral("ARQUIVO")};
     QCommandLineOption Raiz{QStringLiteral("raiz"),
@@ -93,7 +104,7 @@ struct TOpcoes {
 
     void AcrescentarA(QCommandLineParser &Leitor) const
     {
-        Leitor.addOptions({Biblioteca, Folha, Tamanho, Listar, Exportar, Figura, Captura, Arvore, Raiz,
+        Leitor.addOptions({Biblioteca, Folha, Tamanho, Listar, Exportar, Figura, Captura, Banco, Arvore, Raiz,
                            Atualizar, Vigiar, Ajuda, Versao});
     }
 };
@@ -136,6 +147,7 @@ TPedido Pedido(const QCommandLineParser &Leitor, const TOpcoes &Opcoes)
     P.Exportar = Arquivo(Leitor, Opcoes.Exportar);
     P.Figura = Arquivo(Leitor, Opcoes.Figura);
     P.Captura = Arquivo(Leitor, Opcoes.Captura);
+    P.Banco = Arquivo(Leitor, Opcoes.Banco);
     P.Arvore = Arquivo(Leitor, Opcoes.Arvore);
     P.Vigiar = Arquivo(Leitor, Opcoes.Vigiar);
     P.Raiz = Arquivo(Leitor, Opcoes.Raiz).value_or(QString());
@@ -146,20 +158,36 @@ TPedido Pedido(const QCommandLineParser &Leitor, const TOpcoes &Opcoes)
     return P;
 }
 
+// Options of which each says what there is to work on.
+void ConferirOrigens(const TPedido &P)
+{
+    const std::array<std::pair<const char *, bool>, 4> Origens = {{{"banco", P.Banco.has_value()},
+                                                                   {"biblioteca", P.Biblioteca.has_value()},
+                                                                   {"arvore", P.Arvore.has_value()},
+                                                                   {"figura", P.Figura.has_value()}}};
+    const auto Juntas = [&](std::size_t A, std::size_t B) {
+        if (Origens[A].second && Origens[B].second)
+            Recusar(QStringLiteral("As opções --%1 e --%2 não vão juntas!")
+                        .arg(QLatin1String(Origens[A].first), QLatin1String(Origens[B].first)));
+    };
+    for (std::size_t Outra = 1; Outra < Origens.size(); ++Outra)
+        Juntas(0, Outra); // a database has symbols and tree
+    Juntas(1, 3);
+    Juntas(2, 3);
+}
+
 void Conferir(const TPedido &P)
 {
-    if (P.Biblioteca && P.Figura)
-        Recusar(QStringLiteral("As opções --biblioteca e --figura não vão juntas!"));
-    if (P.Arvore && P.Figura)
-        Recusar(QStringLiteral("As opções --arvore e --figura não vão juntas!"));
-    if (!P.Atualizacoes.isEmpty() && !P.Arvore)
-        Recusar(QStringLiteral("Falta a opção --arvore!"));
-    if ((P.Folha || P.Exportar) && !P.Biblioteca)
-        Recusar(QStringLiteral("Falta a opção --biblioteca!"));
-    if (P.Captura && !P.Figura && !P.Arvore)
-        Recusar(QStringLiteral("Falta a opção --figura ou --arvore!"));
-    if (P.Listar && !P.Biblioteca && !P.Figura && !P.Arvore)
-        Recusar(QStringLiteral("Falta a opção --biblioteca, --figura ou --arvore!"));
+    ConferirOrigens(P);
+    const bool ComArvore = P.Arvore || P.Banco;
+    if (!P.Atualizacoes.isEmpty() && !ComArvore)
+        Recusar(QStringLiteral("Falta a opção --arvore ou --banco!"));
+    if ((P.Folha || P.Exportar) && !P.Biblioteca && !P.Banco)
+        Recusar(QStringLiteral("Falta a opção --biblioteca ou --banco!"));
+    if (P.Captura && !P.Figura && !ComArvore)
+        Recusar(QStringLiteral("Falta a opção --figura, --arvore ou --banco!"));
+    if (P.Listar && !P.Biblioteca && !P.Figura && !ComArvore)
+        Recusar(QStringLiteral("Falta a opção --biblioteca, --figura, --arvore ou --banco!"));
     if (P.Vigiar && P.SoLinhaDeComando())
         Recusar(QStringLiteral("A opção --vigiar precisa da janela!"));
 }

@@ -21,6 +21,7 @@ struct TPedido {
     std::optional<QString> Exportar;   ///< library file to write
     std::optional<QString> Figura;     ///< figure file to open
     std::optional<QString> Captura;    ///< picture file for that figure or for the tree
+    std::optional<QString> Banco;      ///< database to take symbols and tree from
     std::optional<QString> Arvore;     ///< tree document to open
     std::optional<QString> Vigiar;     ///< folder whose new documents update the tree
     QStringList Atualizacoes;          ///< documents to update the tree with, in this order

@@ -3,6 +3,7 @@
 
 #include "hospedeiro/Alimentacao.h"
 #include "hospedeiro/ArvoreDoHospedeiro.h"
+#include "hospedeiro/BancoDoExercicio.h"
 #include "hospedeiro/BuscaNaArvore.h"
 #include "hospedeiro/FichaDoNo.h"
 #include "hospedeiro/FilaDeDocumentos.h"
@@ -71,6 +72,16 @@ void TPainelDaArvore::AtribuirTabela(Sibrel::TTabelaDeSimbolos *Tabela)
 void TPainelDaArvore::Abrir(const QString &Arquivo)
 {
     FFila->Abrir(Arquivo);
+}
+
+void TPainelDaArvore::AbrirBanco(std::shared_ptr<TBancoDoExercicio> Banco, std::function<void()> AoCarregar)
+{
+    const QString Nome = Banco->Nome();
+    FFila->AbrirCom(Nome, [this, Banco = std::move(Banco), AoCarregar = std::move(AoCarregar)] {
+        Banco->CarregarUnidades(*FArvore);
+        FBanco = Banco;
+        AoCarregar();
+    });
 }
 
 void TPainelDaArvore::Atualizar(const QString &Arquivo)

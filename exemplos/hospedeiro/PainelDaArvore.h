@@ -5,6 +5,9 @@
 
 #include <QDateTime>
 
+#include <functional>
+#include <memory>
+
 namespace Sibrel
 {
 class TTabelaDeSimbolos;
@@ -16,6 +19,7 @@ namespace Hospedeiro
 
 class TAlimentacao;
 class TArvoreDoHospedeiro;
+class TBancoDoExercicio;
 class TBuscaNaArvore;
 class TFichaDoNo;
 class TFilaDeDocumentos;
@@ -39,6 +43,9 @@ public:
 
     /// Opens a document in place of the tree. The nodes come in the events that follow.
     void Abrir(const QString &Arquivo);
+    /// The same with the units of a database, which is read when what was on its way has ended; `AoCarregar`
+    /// is called as soon as it was read. Erro, and the tree as it was, when that fails.
+    void AbrirBanco(std::shared_ptr<TBancoDoExercicio> Banco, std::function<void()> AoCarregar);
     /// Applies a document to the tree as it is.
     void Atualizar(const QString &Arquivo);
     /// Updates a tree that has nodes with the document, else opens it.
@@ -73,6 +80,7 @@ private:
     TFichaDoNo *FFicha;
     QAction *FAbrir = nullptr;
     QAction *FAtualizar = nullptr;
+    std::shared_ptr<TBancoDoExercicio> FBanco; // whose connection the tree has
     QString FArquivo;
     QDateTime FSemDados; // the tree's time while no document has given one
 };

@@ -4,6 +4,7 @@
 #include "hospedeiro/AplicarDocumento.h"
 #include "hospedeiro/ArvoreDoHospedeiro.h"
 #include "hospedeiro/ArvoreEmImagem.h"
+#include "hospedeiro/BancoDoExercicio.h"
 #include "hospedeiro/Biblioteca.h"
 #include "hospedeiro/DescricaoDaArvore.h"
 #include "hospedeiro/DescricaoDeFigura.h"
@@ -20,6 +21,7 @@
 #include <QTemporaryDir>
 
 #include <cstdio>
+#include <optional>
 #include <vector>
 
 namespace Hospedeiro
@@ -63,14 +65,20 @@ QFont FonteDosRotulos()
     return Fonte;
 }
 
-void ExecutarComBiblioteca(const TPedido &Pedido, TBiblioteca &Biblioteca)
+void AbrirComAvisos(TBiblioteca &Biblioteca, TBancoDoExercicio &Banco)
 {
-    AbrirComAvisos(Biblioteca, *Pedido.Biblioteca);
+    TFontesDaBiblioteca Fontes;
+    Biblioteca.AbrirBanco(Banco, Fontes);
+    EscreverAvisos(Biblioteca.Avisos());
+}
+
+void ExecutarComSimbolos(const TPedido &Pedido, TBiblioteca &Biblioteca)
+{
     if (Pedido.Exportar)
         EscreverAvisos(Biblioteca.Exportar(*Pedido.Exportar));
     if (Pedido.Folha)
         GravarImagem(FolhaEmImagem(Biblioteca.Tabela(), Pedido.Tamanho, FonteDosRotulos()), *Pedido.Folha);
-    if (Pedido.Listar && !Pedido.Arvore)
+    if (Pedido.Listar && !Pedido.Arvore && !Pedido.Banco)
         Escrever(ListaDaTabela(Biblioteca.Tabela()));
 }
 
@@ -87,14 +95,19 @@ private:
     QTemporaryDir FPasta;
 };
 
-void ExecutarComArvore(const TPedido &Pedido, Sibrel::TTabelaDeSimbolos *Tabela)
+void ExecutarComArvore(const TPedido &Pedido, Sibrel::TTabelaDeSimbolos *Tabela, TBancoDoExercicio *Banco)
 {
     const TSemArquivosDeErro SemArquivos;
     TArvoreDoHospedeiro Arvore;
     Arvore.setFont(FonteDosRotulos());
     Arvore.ElementoRaiz = Pedido.Raiz;
     Arvore.AtribuirTabelaDeSimbolos(Tabela);
-    for (const QString &Documento : QStringList(*Pedido.Arvore) + Pedido.Atualizacoes)
+    if (Banco != nullptr)
+        AplicarBanco(Arvore, *Banco);
+    QStringList Documentos = Pedido.Atualizacoes;
+    if (Pedido.Arvore)
+        Documentos.prepend(*Pedido.Arvore);
+    for (const QString &Documento : Documentos)
         if (AplicarDocumento(Arvore, Documento) == 0)
             EscreverErro(QStringLiteral("Aviso: O documento <%1> não diz nada à árvore.").arg(Documento), {});
     if (Pedido.Captura)
@@ -134,11 +147,15 @@ void Executar(const TPedido &Pedido)
         ExecutarComFigura(Pedido);
         return;
     }
+    std::optional<TBancoDoExercicio> Banco;
     TBiblioteca Biblioteca;
-    if (Pedido.Biblioteca)
-        ExecutarComBiblioteca(Pedido, Biblioteca);
-    if (Pedido.Arvore)
-        ExecutarComArvore(Pedido, &Biblioteca.Tabela());
+    if (Pedido.Banco)
+        AbrirComAvisos(Biblioteca, Banco.emplace(*Pedido.Banco));
+    else if (Pedido.Biblioteca)
+        AbrirComAvisos(Biblioteca, *Pedido.Biblioteca);
+    ExecutarComSimbolos(Pedido, Biblioteca);
+    if (Pedido.Arvore || (Banco && (Pedido.Listar || Pedido.Captura)))
+        ExecutarComArvore(Pedido, &Biblioteca.Tabela(), Banco ? &*Banco : nullptr);
 }
 
 } // namespace Hospedeiro

@@ -34,9 +34,11 @@ void AbrirArvore(Hospedeiro::TJanelaPrincipal &Janela, const Hospedeiro::TPedido
 {
     Hospedeiro::TPainelDaArvore &Painel = Janela.PainelDaArvore();
     Painel.Arvore().ElementoRaiz = Pedido.Raiz;
-    if (!Pedido.Arvore && !Pedido.Vigiar)
+    if (!Pedido.Arvore && !Pedido.Banco && !Pedido.Vigiar)
         return;
     Janela.MostrarPagina(&Painel);
+    if (Pedido.Banco)
+        Janela.AbrirBanco(*Pedido.Banco);
     if (Pedido.Arvore)
         Painel.Abrir(*Pedido.Arvore);
     for (const QString &Documento : Pedido.Atualizacoes)

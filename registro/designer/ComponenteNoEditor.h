@@ -33,6 +33,9 @@ public:
     QString domXml() const override;
 
 private:
+    QString Especificacoes() const;
+    QString ValoresIniciais() const;
+
     const TComponenteDoPacote &FComponente;
     bool FIniciado = false;
 };

@@ -1,13 +1,19 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "registro/designer/FolhaDePropriedades.h"
 
+#include "plataforma/Component.h"
+#include "registro/Componentes.h"
+
 #include <QDesignerFormEditorInterface>
+#include <QDesignerPropertyEditorInterface>
 #include <QDesignerPropertySheetExtension>
 #include <QExtensionFactory>
 #include <QExtensionManager>
+#include <QMetaProperty>
 #include <QVariant>
 
 #include <algorithm>
+#include <vector>
 
 namespace Sibrel
 {
@@ -15,18 +21,22 @@ namespace Sibrel
 namespace
 {
 
-// The editor's own sheet, but that some properties always count as changed.
+constexpr QLatin1String EspacoDeNomes("Sibrel::");
+
+// The editor's own sheet, and what the package knows better.
 class TFolhaDePropriedades : public QObject, public QDesignerPropertySheetExtension
 {
     Q_OBJECT
     Q_INTERFACES(QDesignerPropertySheetExtension)
 
 public:
-    TFolhaDePropriedades(QDesignerPropertySheetExtension &DoEditor, std::span<const QLatin1String> Guardadas,
-                         QObject *Dono)
+    TFolhaDePropriedades(QDesignerPropertySheetExtension &DoEditor, QDesignerFormEditorInterface &Editor,
+                         QObject &Objeto, const TComponenteDoPacote &Componente, QObject *Dono)
         : QObject(Dono)
         , FDoEditor(DoEditor)
-        , FGuardadas(Guardadas)
+        , FEditor(Editor)
+        , FObjeto(Objeto)
+        , FComponente(Componente)
     {
     }
 
@@ -34,31 +44,81 @@ public:
     {
         const QString Nome = propertyName(Indice);
         return FDoEditor.isChanged(Indice) ||
-               std::find(FGuardadas.begin(), FGuardadas.end(), Nome) != FGuardadas.end();
+               std::any_of(
+                   FComponente.Propriedades.begin(), FComponente.Propriedades.end(),
+                   [&Nome](const TPropriedadePublicada &P) { return P.SempreGuardada && P.Nome == Nome; });
+    }
+
+    QString propertyGroup(int Indice) const override
+    {
+        const QString Grupo = FDoEditor.propertyGroup(Indice);
+        return Grupo.startsWith(EspacoDeNomes) ? Grupo.sliced(EspacoDeNomes.size()) : Grupo;
+    }
+
+    bool isVisible(int Indice) const override { return FDoEditor.isVisible(Indice) && Interessa(Indice); }
+
+    void setProperty(int Indice, const QVariant &Valor) override
+    {
+        const std::vector<QVariant> Antes = Valores();
+        FDoEditor.setProperty(Indice, Valor);
+        MostrarOQueMudou(Antes);
     }
 
     int count() const override { return FDoEditor.count(); }
     int indexOf(const QString &Nome) const override { return FDoEditor.indexOf(Nome); }
     QString propertyName(int Indice) const override { return FDoEditor.propertyName(Indice); }
-    QString propertyGroup(int Indice) const override { return FDoEditor.propertyGroup(Indice); }
     void setPropertyGroup(int Indice, const QString &Grupo) override
     {
         FDoEditor.setPropertyGroup(Indice, Grupo);
     }
     bool hasReset(int Indice) const override { return FDoEditor.hasReset(Indice); }
     bool reset(int Indice) override { return FDoEditor.reset(Indice); }
-    bool isVisible(int Indice) const override { return FDoEditor.isVisible(Indice); }
     void setVisible(int Indice, bool Valor) override { FDoEditor.setVisible(Indice, Valor); }
     bool isAttribute(int Indice) const override { return FDoEditor.isAttribute(Indice); }
     void setAttribute(int Indice, bool Valor) override { FDoEditor.setAttribute(Indice, Valor); }
     QVariant property(int Indice) const override { return FDoEditor.property(Indice); }
-    void setProperty(int Indice, const QVariant &Valor) override { FDoEditor.setProperty(Indice, Valor); }
     void setChanged(int Indice, bool Valor) override { FDoEditor.setChanged(Indice, Valor); }
     bool isEnabled(int Indice) const override { return FDoEditor.isEnabled(Indice); }
 
 private:
+    // Fonts, cursors and the like are of no use to what the running form does not show.
+    bool Interessa(int Indice) const
+    {
+        if (FComponente.Visual)
+            return true;
+        const QString Nome = propertyName(Indice);
+        const int NaClasse = FObjeto.metaObject()->indexOfProperty(Nome.toLatin1().constData());
+        return NaClasse < 0 || NaClasse >= TComponent::staticMetaObject.propertyOffset() ||
+               Nome == QLatin1String("objectName") || Nome == QLatin1String("geometry");
+    }
+
+    std::vector<QVariant> Valores() const
+    {
+        std::vector<QVariant> Lista;
+        for (const TPropriedadePublicada &P : FComponente.Propriedades)
+            Lista.push_back(FObjeto.property(P.Nome.data()));
+        return Lista;
+    }
+
+    void MostrarOQueMudou(const std::vector<QVariant> &Antes)
+    {
+        QDesignerPropertyEditorInterface *Mostrador = FEditor.propertyEditor();
+        if (Mostrador == nullptr || Mostrador->object() != &FObjeto)
+            return;
+        const std::vector<QVariant> Agora = Valores();
+        for (std::size_t I = 0; I < Agora.size(); ++I) {
+            const QString Nome = FComponente.Propriedades[I].Nome;
+            const int Indice = indexOf(Nome);
+            // Pictures are shown by their file, which no other property changes.
+            if (Agora[I].typeId() == QMetaType::Bool && Agora[I] != Antes[I] && Indice >= 0)
+                Mostrador->setPropertyValue(Nome, property(Indice), isChanged(Indice));
+        }
+    }
+
     QDesignerPropertySheetExtension &FDoEditor;
-    std::span<const QLatin1String> FGuardadas;
+    QDesignerFormEditorInterface &FEditor;
+    QObject &FObjeto;
+    const TComponenteDoPacote &FComponente;
 };
 
 class TFabricaDeFolhas : public QExtensionFactory
@@ -66,11 +126,12 @@ class TFabricaDeFolhas : public QExtensionFactory
     Q_OBJECT
 
 public:
-    TFabricaDeFolhas(QExtensionManager &Gerente, QString Classe, std::span<const QLatin1String> Guardadas)
-        : QExtensionFactory(&Gerente)
-        , FGerente(Gerente)
+    TFabricaDeFolhas(QDesignerFormEditorInterface &Editor, QString Classe,
+                     const TComponenteDoPacote &Componente)
+        : QExtensionFactory(Editor.extensionManager())
+        , FEditor(Editor)
         , FClasse(std::move(Classe))
-        , FGuardadas(Guardadas)
+        , FComponente(Componente)
     {
     }
 
@@ -82,26 +143,26 @@ protected:
             return nullptr;
         // The manager asks its factories in turn, this one too: staying silent lets the editor's own answer.
         FPerguntando = true;
-        auto *DoEditor = qt_extension<QDesignerPropertySheetExtension *>(&FGerente, Objeto);
+        auto *DoEditor = qt_extension<QDesignerPropertySheetExtension *>(FEditor.extensionManager(), Objeto);
         FPerguntando = false;
-        return DoEditor != nullptr ? new TFolhaDePropriedades(*DoEditor, FGuardadas, Dono) : nullptr;
+        return DoEditor != nullptr ? new TFolhaDePropriedades(*DoEditor, FEditor, *Objeto, FComponente, Dono)
+                                   : nullptr;
     }
 
 private:
-    QExtensionManager &FGerente;
+    QDesignerFormEditorInterface &FEditor;
     QString FClasse;
-    std::span<const QLatin1String> FGuardadas;
+    const TComponenteDoPacote &FComponente;
     mutable bool FPerguntando = false;
 };
 
 } // namespace
 
 void RegistrarFolhaDePropriedades(QDesignerFormEditorInterface &Editor, const QString &Classe,
-                                  std::span<const QLatin1String> SempreGuardadas)
+                                  const TComponenteDoPacote &Componente)
 {
-    QExtensionManager *Gerente = Editor.extensionManager();
-    Gerente->registerExtensions(new TFabricaDeFolhas(*Gerente, Classe, SempreGuardadas),
-                                Q_TYPEID(QDesignerPropertySheetExtension));
+    Editor.extensionManager()->registerExtensions(new TFabricaDeFolhas(Editor, Classe, Componente),
+                                                  Q_TYPEID(QDesignerPropertySheetExtension));
 }
 
 } // namespace Sibrel

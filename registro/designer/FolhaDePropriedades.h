@@ -1,19 +1,20 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-#include <QLatin1String>
 #include <QString>
-
-#include <span>
 
 class QDesignerFormEditorInterface;
 
 namespace Sibrel
 {
 
-/// Makes the form editor write the named properties of every component of the class into the form file, also
-/// when they hold the value of a new component: the editor itself writes only what its sheet calls changed.
+struct TComponenteDoPacote;
+
+/// What the form editor shows and stores of every component of the class: some properties are always written
+/// into the form file (the editor itself writes only what its sheet calls changed), a component without a
+/// picture shows only what is its own, and setting one property shows what that made of the others.
+/// `Componente` outlives the editor.
 void RegistrarFolhaDePropriedades(QDesignerFormEditorInterface &Editor, const QString &Classe,
-                                  std::span<const QLatin1String> SempreGuardadas);
+                                  const TComponenteDoPacote &Componente);
 
 } // namespace Sibrel

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "arvore/ParseTableXML.h"
+#include "arvore/ParseTableXMLMapeada.h"
 
 #include <QCursor>
 #include <QGuiApplication>
@@ -41,5 +42,22 @@ private:
     QStringList FLinhas;
     int *FMortas;
 };
+
+/// The units of the sample exercise.
+inline TMapeamentoXML DasUnidades()
+{
+    TMapeamentoXML M;
+    M.ColunaTag = QStringLiteral("TAG");
+    M.ColunaNome = QStringLiteral("NOME");
+    M.ColunaCor = QStringLiteral("COR");
+    M.ColunaSimbolo = QStringLiteral("SIMBOLO");
+    M.ColunaLink = QStringLiteral("LINK");
+    M.ColunaChave = QStringLiteral("ID");
+    M.ColunaPai = QStringLiteral("PAI");
+    M.Identificacao = {{QStringLiteral("Código"), QStringLiteral("CODIGO")}};
+    M.Informacao = {{QStringLiteral("Comandante"), QStringLiteral("COMANDANTE")},
+                    {QStringLiteral("Codinome"), QStringLiteral("CODINOME")}};
+    return M;
+}
 
 } // namespace Sibrel::Testes

@@ -4,14 +4,13 @@
 #include "arvore/ParseTableXML.h"
 #include "arvore/ParseTableXMLMapeada.h"
 #include "arvore/TreeViewXMLBD.h"
+#include "comum/Bancos.h"
 #include "comum/Dados.h"
 #include "comum/Erros.h"
-#include "comum/ServidorPostgres.h"
 #include "plataforma/ClientDataSet.h"
 #include "plataforma/Exception.h"
 #include "plataforma/XMLDocument.h"
 
-#include <QSqlError>
 #include <QTest>
 
 #include <functional>
@@ -46,7 +45,7 @@ TMapeamentoXML SoNome()
 
 } // namespace
 
-class TesteParseTableXML : public QObject
+class TesteParseTableXML : public QObject, private TComBancos
 {
     Q_OBJECT
 
@@ -94,53 +93,18 @@ private Q_SLOTS:
     void ABaseDeExemplo();
 
 private:
-    static void CadaBanco();
-    TCustomConnection &Conexao();
     QString Gerado(TCustomConnection &Onde, const TMapeamentoXML &M, const QString &SQL,
                    const QVariantList &Valores = {});
-    void Rodar(TCustomConnection &Onde, const QString &SQL);
-
-    std::unique_ptr<TServidorPostgres> FServidor;
-    std::unique_ptr<TCustomConnection> FArquivo;
-    std::unique_ptr<TCustomConnection> FNoServidor;
 };
 
 void TesteParseTableXML::initTestCase()
 {
-    try {
-        FServidor = std::make_unique<TServidorPostgres>();
-    } catch (const std::exception &E) {
-        QFAIL(E.what());
-    }
-    FArquivo = std::make_unique<TCustomConnection>(QStringLiteral(":memory:"));
-    FNoServidor = std::make_unique<TCustomConnection>(FServidor->Endereco());
+    QCOMPARE(SubirBancos(), QString());
 }
 
 void TesteParseTableXML::cleanupTestCase()
 {
-    FNoServidor.reset();
-    FServidor.reset();
-}
-
-void TesteParseTableXML::CadaBanco()
-{
-    QTest::addColumn<bool>("DoServidor");
-    QTest::newRow("sqlite") << false;
-    QTest::newRow("postgresql") << true;
-}
-
-TCustomConnection &TesteParseTableXML::Conexao()
-{
-    QFETCH(bool, DoServidor);
-    return DoServidor ? *FNoServidor : *FArquivo;
-}
-
-void TesteParseTableXML::Rodar(TCustomConnection &Onde, const QString &SQL)
-{
-    Onde.Open();
-    QSqlQuery Consulta(Onde.Banco());
-    for (const QString &Comando : SQL.split(QStringLiteral(";\n"), Qt::SkipEmptyParts))
-        QVERIFY2(Consulta.exec(Comando), qPrintable(Consulta.lastError().text() + Comando));
+    DescerBancos();
 }
 
 QString TesteParseTableXML::Gerado(TCustomConnection &Onde, const TMapeamentoXML &M, const QString &SQL,
@@ -355,8 +319,8 @@ void TesteParseTableXML::NulosFicamDeFora()
 
 void TesteParseTableXML::NomeDeTabela()
 {
-    Rodar(Conexao(), QStringLiteral("DROP TABLE IF EXISTS nomes;\nCREATE TABLE nomes (nome TEXT);\n"
-                                    "INSERT INTO nomes VALUES ('x'), ('y')"));
+    RodarSQL(Conexao(), QStringLiteral("DROP TABLE IF EXISTS nomes;\nCREATE TABLE nomes (nome TEXT);\n"
+                                       "INSERT INTO nomes VALUES ('x'), ('y')"));
     QCOMPARE(Gerado(Conexao(), SoNome(), QStringLiteral(" nomes ")),
              QStringLiteral("<No Nome=\"x\"></No>\n<No Nome=\"y\"></No>"));
     QCOMPARE(Gerado(Conexao(), SoNome(), QStringLiteral("SELECT * FROM nomes WHERE nome > 'z'")), QString());
@@ -371,12 +335,12 @@ void TesteParseTableXML::ConsultaComValores()
 
 void TesteParseTableXML::LinhasAninhadasPeloPai()
 {
-    Rodar(Conexao(),
-          QStringLiteral(
-              "DROP TABLE IF EXISTS unidades;\nCREATE TABLE unidades (ordem INTEGER, id INTEGER, pai "
-              "INTEGER, nome TEXT);\nINSERT INTO unidades VALUES (1, 10, NULL, 'a'), (2, 30, 20, 'a2x'), "
-              "(3, 11, 10, 'a1'), (4, 20, 10, 'a2'), (5, NULL, NULL, 'b'), (6, 31, 20, 'a2y'), (7, NULL, "
-              "11, 'a1x')"));
+    RodarSQL(Conexao(),
+             QStringLiteral(
+                 "DROP TABLE IF EXISTS unidades;\nCREATE TABLE unidades (ordem INTEGER, id INTEGER, pai "
+                 "INTEGER, nome TEXT);\nINSERT INTO unidades VALUES (1, 10, NULL, 'a'), (2, 30, 20, 'a2x'), "
+                 "(3, 11, 10, 'a1'), (4, 20, 10, 'a2'), (5, NULL, NULL, 'b'), (6, 31, 20, 'a2y'), (7, NULL, "
+                 "11, 'a1x')"));
     TMapeamentoXML M = SoNome();
     M.ColunaChave = QStringLiteral("ID");
     M.ColunaPai = QStringLiteral("PAI");
@@ -579,28 +543,12 @@ void TesteParseTableXML::OHospedeiroConverteOQueNaoPassa()
 void TesteParseTableXML::ABaseDeExemplo()
 {
     QFETCH(bool, DoServidor);
-    std::unique_ptr<TCustomConnection> Base;
-    if (DoServidor) { // from the statements that the sample gives for servers
-        FServidor->CriarBanco(QStringLiteral("exercicio"), QStringLiteral("UTF8"));
-        Base = std::make_unique<TCustomConnection>(FServidor->Endereco(QStringLiteral("exercicio")));
-        Rodar(*Base, QString::fromUtf8(BytesDe(DadoDeExemplo(QStringLiteral("exercicio.sql")))));
-    } else {
-        Base = std::make_unique<TCustomConnection>(DadoDeExemplo(QStringLiteral("exercicio.sqlite")));
-    }
-    TMapeamentoXML M;
-    M.ColunaTag = QStringLiteral("TAG");
-    M.ColunaNome = QStringLiteral("NOME");
-    M.ColunaCor = QStringLiteral("COR");
-    M.ColunaSimbolo = QStringLiteral("SIMBOLO");
-    M.ColunaLink = QStringLiteral("LINK");
-    M.ColunaChave = QStringLiteral("ID");
-    M.ColunaPai = QStringLiteral("PAI");
-    M.Identificacao = {{QStringLiteral("Código"), QStringLiteral("CODIGO")}};
-    M.Informacao = {{QStringLiteral("Comandante"), QStringLiteral("COMANDANTE")},
-                    {QStringLiteral("Codinome"), QStringLiteral("CODINOME")}};
+    const QString Endereco = DoServidor ? CriarExercicio(*FServidor, QStringLiteral("UTF8"))
+                                        : DadoDeExemplo(QStringLiteral("exercicio.sqlite"));
+    const auto Base = std::make_unique<TCustomConnection>(Endereco);
     TParseTableXMLList Lista(Base.get());
-    Lista.Add(
-        std::make_unique<TParseTableXMLMapeada>(M, QStringLiteral("SELECT * FROM UNIDADES ORDER BY ID")));
+    Lista.Add(std::make_unique<TParseTableXMLMapeada>(DasUnidades(),
+                                                      QStringLiteral("SELECT * FROM UNIDADES ORDER BY ID")));
     const auto Lido = TXMLDocument::DeTexto(Documento(Lista, QStringLiteral("OrdemDeBatalha")));
     int Unidades = 0;
     const std::function<void(const TCursorXML &)> Contar = [&](const TCursorXML &No) {

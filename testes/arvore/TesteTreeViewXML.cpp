@@ -1,12 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "arvore/ComumArvore.h"
+#include "arvore/CenaDaArvore.h"
 #include "arvore/TagsXML.h"
-#include "comum/Controle.h"
-#include "comum/Dados.h"
 #include "plataforma/Exception.h"
-#include "simbolos/SimboloFonte.h"
 
-#include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
 #include <QHeaderView>
@@ -51,107 +47,9 @@ public:
     }
 };
 
-TTreeNodeXML *Novo(TTreeViewXML &Vista, TTreeNode *Pai, const QString &XML,
-                   const TRefNoXML &Classe = TRefNoXML::De<TTreeNodeXML>())
-{
-    auto *No = static_cast<TTreeNodeXML *>(Vista.Nos().AddNode(Classe.Criar(Vista.Nos()), Pai));
-    No->AtribuirXML(XML);
-    No->Expand();
-    return No;
-}
-
 IXMLNode Elemento(const QString &XML)
 {
     return TXMLDocument::DeTexto(XML)->DocumentElement();
-}
-
-std::unique_ptr<TTabelaDeSimbolos> Tabela()
-{
-    auto T = std::make_unique<TTabelaDeSimbolos>();
-    for (const int Codigo : {33, 34, 35}) {
-        auto S = std::make_unique<TSimboloFonte>();
-        S->Caracter = static_cast<std::uint8_t>(Codigo);
-        S->Fonte.AtribuirName(FamiliaDeSimbolos);
-        S->Fonte.AtribuirCharset(TFont::CharsetSimbolo);
-        T->Simbolos().Add(std::move(S));
-        T->ObterRotulos().Add(QStringLiteral("Símbolo %1").arg(Codigo));
-    }
-    return T;
-}
-
-TFont Fonte(int Altura)
-{
-    TFont F;
-    F.AtribuirName(FamiliaDeTexto);
-    F.AtribuirHeight(-Altura);
-    return F;
-}
-
-// The view of the pictures: every kind of row.
-struct TCena {
-    explicit TCena(int Linha = 16, bool ComTabela = true)
-        : Simbolos(Tabela())
-    {
-        Vista.resize(260, 12 * Linha);
-        Vista.setFrameShape(QFrame::NoFrame);
-        Vista.setIndentation(19);
-        Vista.AtribuirItemHeight(Linha);
-        Vista.AtribuirFonte(Fonte(Linha - 5));
-        Vista.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-        Vista.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-        QPalette Cores;
-        Cores.setColor(QPalette::Base, Qt::white);
-        Cores.setColor(QPalette::Text, Qt::black);
-        Cores.setColor(QPalette::Highlight, QColor(0, 0, 128));
-        Cores.setColor(QPalette::HighlightedText, Qt::white);
-        QApplication::setPalette(Cores);
-        Vista.ensurePolished();
-        if (ComTabela)
-            Vista.AtribuirTabelaDeSimbolos(Simbolos.get());
-        A = Novo(Vista, nullptr, U("Brigada", "1", {}, "Cor='0' Símbolo='0'"));
-        B = Novo(Vista, A, U("Batalhão", "2", {}, "Cor='255' Símbolo='1'"));
-        C = Novo(Vista, B,
-                 U("Companhia com um nome muito comprido, que não cabe", "3", {}, "Cor='32768' Símbolo='2'"));
-        Novo(Vista, B, U("Fora da tabela", "4", {}, "Cor='0' Símbolo='3'"));
-        Novo(Vista, B, U("Negativo", "5", {}, "Cor='0' Símbolo='-1'"));
-        Elo = Novo(Vista, A, U("elo", "2", {}, "Link='sim'"));
-        Vista.Nos().AddChild(A, QStringLiteral("não é XML"));
-        Fechado = Novo(Vista, A, U("Fechado", "6", {}, "Cor='16711680' Símbolo='0'"));
-        Novo(Vista, Fechado, U("Dentro", "7"));
-        Fechado->Collapse();
-        Novo(Vista, nullptr, U(QStringLiteral("שלום עולם"), "8", {}, "Cor='0' Símbolo='0'"));
-        Ultimo = Novo(Vista, nullptr, U("Último", "9", {}, "Cor='8421504' Símbolo='1'"));
-        Vista.show();
-    }
-    QImage Imagem(qreal Densidade = 1)
-    {
-        QImage Tela(Vista.viewport()->size() * Densidade, QImage::Format_RGB32);
-        Tela.setDevicePixelRatio(Densidade);
-        Tela.fill(Qt::white);
-        Vista.viewport()->render(&Tela);
-        return Tela;
-    }
-    std::unique_ptr<TTabelaDeSimbolos> Simbolos;
-    TTreeViewXML Vista;
-    TTreeNodeXML *A = nullptr;
-    TTreeNodeXML *B = nullptr;
-    TTreeNodeXML *C = nullptr;
-    TTreeNodeXML *Elo = nullptr;
-    TTreeNodeXML *Fechado = nullptr;
-    TTreeNodeXML *Ultimo = nullptr;
-};
-
-void Focar(TTreeViewXML &Vista)
-{
-    Vista.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&Vista));
-    Vista.setFocus();
-    QVERIFY(Vista.hasFocus());
-}
-
-QPoint NaJanela(const TTreeViewXML &Vista, const QPoint &Ponto)
-{
-    return Vista.viewport()->mapTo(Vista.window(), Ponto);
 }
 
 } // namespace
@@ -181,13 +79,10 @@ private Q_SLOTS:
     void MaoSobreOsLinks();
     void MenuGanhaEPerdeItens();
     void CaixaDeExpansaoAoPixel();
-    void TextoAcessivel();
     void PerguntaPadraoNaTela();
     void ProgressoSoDeAtualizacao();
     void RepaintPoeOBitmapQuadrado();
     void RolagemHorizontalPelaLinhaMaisLarga();
-    void Pinturas_data();
-    void Pinturas();
 };
 
 void TesteTreeViewXML::initTestCase()
@@ -492,16 +387,6 @@ void TesteTreeViewXML::CaixaDeExpansaoAoPixel()
     QVERIFY(!Clicar(Esquerda + 4, Topo + 9));
 }
 
-void TesteTreeViewXML::TextoAcessivel()
-{
-    const TCena Cena;
-    const auto Texto = [&](const TTreeNode *No) {
-        return Cena.Vista.Modelo().IndiceDe(No).data(Qt::AccessibleTextRole).toString();
-    };
-    QCOMPARE(Texto(Cena.A), QStringLiteral("Brigada, Símbolo 33"));
-    QCOMPARE(Texto(Cena.Elo), QStringLiteral("Batalhão, Símbolo 34, link"));
-}
-
 void TesteTreeViewXML::PerguntaPadraoNaTela()
 {
     const TTagsRegistradas Tags{{"U", TRefNoXML::De<TTreeNodeXML>()}};
@@ -563,53 +448,6 @@ void TesteTreeViewXML::RolagemHorizontalPelaLinhaMaisLarga()
     Cena.Vista.horizontalScrollBar()->setValue(30);
     QCOMPARE(Cena.Vista.DisplayRect(Cena.A).Left, -30);
     QCOMPARE(Cena.Vista.DisplayRect(Cena.A).Right, Cena.Vista.viewport()->width());
-}
-
-void TesteTreeViewXML::Pinturas_data()
-{
-    QTest::addColumn<int>("Linha");
-    QTest::addColumn<QString>("Como");
-    QTest::addColumn<qreal>("Densidade");
-    QTest::newRow("arvore-16") << 16 << "" << 1.0;
-    QTest::newRow("arvore-24") << 24 << "" << 1.0;
-    QTest::newRow("arvore-16-densidade-2") << 16 << "" << 2.0;
-    QTest::newRow("arvore-selecionada-com-foco") << 16 << "foco" << 1.0;
-    QTest::newRow("arvore-selecionada-sem-foco") << 16 << "selecao" << 1.0;
-    QTest::newRow("arvore-link-selecionado") << 16 << "link" << 1.0;
-    QTest::newRow("arvore-recolhida") << 16 << "recolhida" << 1.0;
-    QTest::newRow("arvore-sem-tabela") << 16 << "sem tabela" << 1.0;
-    QTest::newRow("arvore-rolada") << 16 << "rolada" << 1.0;
-}
-
-void TesteTreeViewXML::Pinturas()
-{
-    QFETCH(int, Linha);
-    QFETCH(QString, Como);
-    QFETCH(qreal, Densidade);
-    TCena Cena(Linha, Como != u"sem tabela");
-    QVERIFY(QTest::qWaitForWindowExposed(&Cena.Vista));
-    QWidget Outra; // takes the focus
-    if (Como == u"foco" || Como == u"link")
-        Focar(Cena.Vista);
-    if (Como == u"selecao") {
-        Outra.show();
-        Outra.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&Outra));
-        QVERIFY(!Cena.Vista.hasFocus());
-    }
-    if (Como == u"foco" || Como == u"selecao")
-        Cena.Vista.AtribuirSelected(Cena.B);
-    else if (Como == u"link")
-        Cena.Vista.AtribuirSelected(Cena.Elo);
-    else if (Como == u"recolhida")
-        Cena.A->Collapse();
-    else if (Como == u"rolada") {
-        Cena.Imagem();
-        QTRY_VERIFY(Cena.Vista.horizontalScrollBar()->maximum() > 0);
-        Cena.Vista.horizontalScrollBar()->setValue(40);
-    }
-    QCOMPARE(CompararComControle(Cena.Imagem(Densidade), QString::fromLatin1(QTest::currentDataTag())),
-             QString());
 }
 
 QTEST_MAIN(TesteTreeViewXML)

@@ -3,14 +3,13 @@
 #include "ComumTabelas.h"
 #include "arvore/ParseTableXMLMapeada.h"
 #include "arvore/TreeViewXMLBD.h"
+#include "comum/Bancos.h"
 #include "comum/Dados.h"
-#include "comum/ServidorPostgres.h"
 #include "plataforma/ClientDataSet.h"
 #include "plataforma/Exception.h"
 
 #include <QAbstractItemModelTester>
 #include <QGuiApplication>
-#include <QSqlError>
 
 #include <memory>
 
@@ -34,22 +33,6 @@ QString ValorNo(const TTreeNode *No, const char *Rotulo)
 {
     const auto *NoXML = dynamic_cast<const TTreeNodeXML *>(No);
     return NoXML != nullptr ? NoXML->Informacao().Values(QString::fromUtf8(Rotulo)) : QString();
-}
-
-TMapeamentoXML DasUnidades()
-{
-    TMapeamentoXML M;
-    M.ColunaTag = QStringLiteral("TAG");
-    M.ColunaNome = QStringLiteral("NOME");
-    M.ColunaCor = QStringLiteral("COR");
-    M.ColunaSimbolo = QStringLiteral("SIMBOLO");
-    M.ColunaLink = QStringLiteral("LINK");
-    M.ColunaChave = QStringLiteral("ID");
-    M.ColunaPai = QStringLiteral("PAI");
-    M.Identificacao = {{QStringLiteral("Código"), QStringLiteral("CODIGO")}};
-    M.Informacao = {{QStringLiteral("Comandante"), QStringLiteral("COMANDANTE")},
-                    {QStringLiteral("Codinome"), QStringLiteral("CODINOME")}};
-    return M;
 }
 
 } // namespace
@@ -96,16 +79,10 @@ void TesteTreeViewXMLBD::initTestCase()
                                                                   {"Agrupamento", Classe}});
     try {
         FServidor = std::make_unique<TServidorPostgres>();
-        FServidor->CriarBanco(QStringLiteral("exercicio"), QStringLiteral("LATIN1"));
+        CriarExercicio(*FServidor, QStringLiteral("LATIN1"));
     } catch (const std::exception &E) {
         QFAIL(E.what());
     }
-    TCustomConnection Base(FServidor->Endereco(QStringLiteral("exercicio")));
-    Base.Open();
-    QSqlQuery Consulta(Base.Banco());
-    const QString Comandos = QString::fromUtf8(BytesDe(DadoDeExemplo(QStringLiteral("exercicio.sql"))));
-    for (const QString &Comando : Comandos.split(QStringLiteral(";\n"), Qt::SkipEmptyParts))
-        QVERIFY2(Consulta.exec(Comando), qPrintable(Consulta.lastError().text() + Comando));
 }
 
 void TesteTreeViewXMLBD::cleanupTestCase()

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // Draws one symbol with the installed package: exit code 0 when pixels of the asked colour were drawn.
-#include <plataforma/Canvas.h>
-#include <simbolos/SimboloFonte.h>
-#include <simbolos/TabelaDeSimbolos.h>
+#include <Sibrel/TSimboloFonte>
+#include <Sibrel/TTabelaDeSimbolos>
 
 #include <QApplication>
 #include <QFontDatabase>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // The example host as a user of the command line meets it: the program itself is run.
+#include "Programa.h"
 #include "comum/Dados.h"
-#include "exemplos/Programa.h"
 
 #include <QDir>
 #include <QImage>
@@ -49,10 +49,7 @@ private Q_SLOTS:
     void SemTelaAJanelaERecusada();
 
 private:
-    TResultado Rodar(const QStringList &Argumentos) const
-    {
-        return RodarPrograma(FPasta->path(), Argumentos);
-    }
+    TResultado Rodar(const QStringList &Argumentos) const;
     TResultado RodarComBiblioteca(const QByteArray &Conteudo, const QStringList &Argumentos) const;
     QString NaPasta(const QString &Nome) const { return FPasta->filePath(Nome); }
 
@@ -65,6 +62,11 @@ void TesteHospedeiro::init()
     QVERIFY(QDir(FPasta->path()).mkdir(QStringLiteral("fontes")));
     QVERIFY(QFile::copy(DadoDeExemplo(QStringLiteral("fontes/SibrelSimbolos.ttf")),
                         NaPasta(QStringLiteral("fontes/SibrelSimbolos.ttf"))));
+}
+
+TResultado TesteHospedeiro::Rodar(const QStringList &Argumentos) const
+{
+    return RodarPrograma(QStringLiteral(SIBREL_HOSPEDEIRO), FPasta->path(), Argumentos);
 }
 
 TResultado TesteHospedeiro::RodarComBiblioteca(const QByteArray &Conteudo,
@@ -360,18 +362,26 @@ void TesteHospedeiro::ErrosDeUso_data()
     DeUso("valor a mais", "--listar=sim", QStringLiteral("A opção <--listar> não leva valor!"));
     DeUso("argumento solto", "solto", QStringLiteral("O argumento <solto> não pertence a nenhuma opção!"));
     DeUso("lista sem arquivo", "--listar",
-          QStringLiteral("Falta a opção --biblioteca, --figura ou --arvore!"));
-    DeUso("folha sem biblioteca", "--folha f.png", QStringLiteral("Falta a opção --biblioteca!"));
-    DeUso("folha de figura", "--figura f.xml --folha f.png", QStringLiteral("Falta a opção --biblioteca!"));
+          QStringLiteral("Falta a opção --biblioteca, --figura, --arvore ou --banco!"));
+    DeUso("folha sem biblioteca", "--folha f.png", QStringLiteral("Falta a opção --biblioteca ou --banco!"));
+    DeUso("folha de figura", "--figura f.xml --folha f.png",
+          QStringLiteral("Falta a opção --biblioteca ou --banco!"));
     DeUso("atualizacao sem arvore", "--biblioteca b --atualizar a.xml --listar",
-          QStringLiteral("Falta a opção --arvore!"));
+          QStringLiteral("Falta a opção --arvore ou --banco!"));
     DeUso("arvore e figura", "--arvore a --figura f --listar",
           QStringLiteral("As opções --arvore e --figura não vão juntas!"));
     DeUso("vigia sem janela", "--arvore a --vigiar p --listar",
           QStringLiteral("A opção --vigiar precisa da janela!"));
-    DeUso("captura sem figura", "--captura f.png", QStringLiteral("Falta a opção --figura ou --arvore!"));
+    DeUso("captura sem figura", "--captura f.png",
+          QStringLiteral("Falta a opção --figura, --arvore ou --banco!"));
     DeUso("os dois", "--biblioteca b --figura f --listar",
           QStringLiteral("As opções --biblioteca e --figura não vão juntas!"));
+    DeUso("banco e biblioteca", "--banco b --biblioteca b --listar",
+          QStringLiteral("As opções --banco e --biblioteca não vão juntas!"));
+    DeUso("banco e arvore", "--banco b --arvore a",
+          QStringLiteral("As opções --banco e --arvore não vão juntas!"));
+    DeUso("banco e figura", "--figura f --banco b",
+          QStringLiteral("As opções --banco e --figura não vão juntas!"));
     DeUso("biblioteca sem nome", "--biblioteca= --listar",
           QStringLiteral("A opção --biblioteca precisa de um nome de arquivo!"));
     DeUso("duas folhas", "--folha a.png --folha b.png",
@@ -401,7 +411,7 @@ void TesteHospedeiro::AAjudaDizOFormatoDaLista()
         QVERIFY(R.Saida.startsWith(QStringLiteral("Uso: ")));
         for (const char *Parte :
              {"--biblioteca", "--folha", "--tamanho", "--listar", "--exportar", "--figura", "--captura",
-              "--arvore", "--raiz", "--atualizar", "--vigiar", "índice, tipo, rótulo", "Opções:"})
+              "--banco", "--arvore", "--raiz", "--atualizar", "--vigiar", "índice, tipo, rótulo", "Opções:"})
             QVERIFY2(R.Saida.contains(QString::fromUtf8(Parte)), Parte);
     }
 }

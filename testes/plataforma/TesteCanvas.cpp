@@ -6,6 +6,7 @@
 #include "plataforma/Exception.h"
 #include "plataforma/Font.h"
 #include "plataforma/FontesInstaladas.h"
+#include "plataforma/LinhaDeTexto.h"
 #include "plataforma/Picture.h"
 
 #include <QBuffer>
@@ -78,6 +79,8 @@ private Q_SLOTS:
     void FundoDoTexto();
     void TextoRecortado();
     void TextoGirado();
+    void LinhaComGlifosAchadosEOMesmoTexto_data();
+    void LinhaComGlifosAchadosEOMesmoTexto();
     void MedidasDoTexto();
     void OPintorDoHospedeiroVolta();
     void ACorVemDoPintor();
@@ -354,6 +357,54 @@ void TesteCanvas::TextoGirado()
     const QRect P = Pintado(Imagem);
     QVERIFY(P.bottom() <= 100 && P.height() > 2 * P.width());
     QVERIFY(P.right() <= 100);
+}
+
+void TesteCanvas::LinhaComGlifosAchadosEOMesmoTexto_data()
+{
+    QTest::addColumn<QString>("Texto");
+    QTest::addColumn<int>("Estilos");
+    QTest::newRow("uma letra") << QStringLiteral("A") << 0;
+    QTest::newRow("palavras") << QStringLiteral("3º BI Mtz  \"À direita\"") << 0;
+    QTest::newRow("vazio") << QString() << 0;
+    QTest::newRow("da direita para a esquerda") << QStringLiteral("\u05D0\u05D1 12 \u05D2") << 0;
+    QTest::newRow("sublinhado") << QStringLiteral("sub") << 4;
+    QTest::newRow("negrito e riscado") << QStringLiteral("risco") << 9;
+}
+
+void TesteCanvas::LinhaComGlifosAchadosEOMesmoTexto()
+{
+    QFETCH(QString, Texto);
+    QFETCH(int, Estilos);
+    const auto Escrita = [&](auto &&Escrever, unsigned Alinhamento, int Altura, double Densidade) {
+        QImage Imagem = Branca(static_cast<int>(200 * Densidade), static_cast<int>(100 * Densidade));
+        Imagem.setDevicePixelRatio(Densidade);
+        TCanvas C(Imagem);
+        C.Font.AtribuirName(FamiliaDeTexto);
+        C.Font.AtribuirHeight(Altura);
+        for (const int Estilo : {1, 2, 4, 8})
+            C.Font.AtribuirStyle(static_cast<TFontStyle>(Estilo), (Estilos & Estilo) != 0);
+        C.Brush.Style = TBrushStyle::bsClear;
+        C.TextAlign = Alinhamento;
+        Escrever(C);
+        return Imagem;
+    };
+    for (const unsigned Alinhamento : {TA_LEFT, TA_CENTER, TA_RIGHT | TA_BOTTOM, TA_CENTER | TA_BASELINE})
+        for (const int Altura : {-9, -14, 23})
+            for (const double Densidade : {1.0, 1.5, 2.0}) {
+                const QImage Como =
+                    Escrita([&](TCanvas &C) { C.TextOut(90, 40, Texto); }, Alinhamento, Altura, Densidade);
+                const QImage Agora =
+                    Escrita([&](TCanvas &C) { C.TextOut(90, 40, TLinhaDeTexto(C.Font, Texto)); }, Alinhamento,
+                            Altura, Densidade);
+                QCOMPARE(Agora, Como);
+                QCOMPARE(Como == Branca(Como.width(), Como.height()), Texto.isEmpty());
+                // Made with another font, it is written with the canvas's.
+                TFont Outra;
+                Outra.AtribuirHeight(-50);
+                QCOMPARE(Escrita([&](TCanvas &C) { C.TextOut(90, 40, TLinhaDeTexto(Outra, Texto)); },
+                                 Alinhamento, Altura, Densidade),
+                         Como);
+            }
 }
 
 void TesteCanvas::MedidasDoTexto()

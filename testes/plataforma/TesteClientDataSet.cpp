@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "comum/Bancos.h"
+#include "comum/Dados.h"
 #include "comum/Erros.h"
-#include "comum/ServidorPostgres.h"
 #include "plataforma/ClientDataSet.h"
 #include "plataforma/CustomConnection.h"
 #include "plataforma/Exception.h"
 
 #include <QIdentityProxyModel>
-#include <QSqlError>
 #include <QSqlTableModel>
 #include <QStandardItemModel>
 #include <QTemporaryDir>
@@ -65,7 +65,7 @@ public:
 
 } // namespace
 
-class TesteClientDataSet : public QObject
+class TesteClientDataSet : public QObject, private TComBancos
 {
     Q_OBJECT
 
@@ -73,33 +73,33 @@ private Q_SLOTS:
     void initTestCase();
     void cleanupTestCase();
     void NovoEstaFechado();
-    void AndaDaPrimeiraAteAUltima_data() { CadaBanco_data(); }
+    void AndaDaPrimeiraAteAUltima_data() { CadaBanco(); }
     void AndaDaPrimeiraAteAUltima();
-    void SemLinhasEstaNoFim_data() { CadaBanco_data(); }
+    void SemLinhasEstaNoFim_data() { CadaBanco(); }
     void SemLinhasEstaNoFim();
-    void NuloLeComoZeroEVazio_data() { CadaBanco_data(); }
+    void NuloLeComoZeroEVazio_data() { CadaBanco(); }
     void NuloLeComoZeroEVazio();
-    void ColunasEmQualquerCaixa_data() { CadaBanco_data(); }
+    void ColunasEmQualquerCaixa_data() { CadaBanco(); }
     void ColunasEmQualquerCaixa();
-    void ColunaQueFaltaDizAsQueHa_data() { CadaBanco_data(); }
+    void ColunaQueFaltaDizAsQueHa_data() { CadaBanco(); }
     void ColunaQueFaltaDizAsQueHa();
-    void ConsultaSoParaFrente_data() { CadaBanco_data(); }
+    void ConsultaSoParaFrente_data() { CadaBanco(); }
     void ConsultaSoParaFrente();
-    void ConsultaQueVoltaEJaAndou_data() { CadaBanco_data(); }
+    void ConsultaQueVoltaEJaAndou_data() { CadaBanco(); }
     void ConsultaQueVoltaEJaAndou();
-    void ConsultaApenasPreparada_data() { CadaBanco_data(); }
+    void ConsultaApenasPreparada_data() { CadaBanco(); }
     void ConsultaApenasPreparada();
-    void ValoresNoLugarDasMarcas_data() { CadaBanco_data(); }
+    void ValoresNoLugarDasMarcas_data() { CadaBanco(); }
     void ValoresNoLugarDasMarcas();
-    void ConsultaQueFalha_data() { CadaBanco_data(); }
+    void ConsultaQueFalha_data() { CadaBanco(); }
     void ConsultaQueFalha();
-    void ComandoSemLinhas_data() { CadaBanco_data(); }
+    void ComandoSemLinhas_data() { CadaBanco(); }
     void ComandoSemLinhas();
-    void ErroNoMeioDaLeituraDeixaOQueHavia_data() { CadaBanco_data(); }
+    void ErroNoMeioDaLeituraDeixaOQueHavia_data() { CadaBanco(); }
     void ErroNoMeioDaLeituraDeixaOQueHavia();
-    void TextosComAcentos_data() { CadaBanco_data(); }
+    void TextosComAcentos_data() { CadaBanco(); }
     void TextosComAcentos();
-    void ModeloSobreConsulta_data() { CadaBanco_data(); }
+    void ModeloSobreConsulta_data() { CadaBanco(); }
     void ModeloSobreConsulta();
     void CodificacoesDoServidor_data();
     void CodificacoesDoServidor();
@@ -122,53 +122,24 @@ private Q_SLOTS:
     void ServidorQueVoltaENotadoSozinho();
 
 private:
-    static void CadaBanco_data();
-    TCustomConnection &Conexao();
-
-    std::unique_ptr<TServidorPostgres> FServidor;
     QTemporaryDir FPasta;
-    std::unique_ptr<TCustomConnection> FArquivo;
-    std::unique_ptr<TCustomConnection> FNoServidor;
 };
 
 void TesteClientDataSet::initTestCase()
 {
-    try {
-        FServidor = std::make_unique<TServidorPostgres>();
-    } catch (const std::exception &E) {
-        QFAIL(E.what());
-    }
     const QString Arquivo = FPasta.filePath(QStringLiteral("teste.sqlite"));
-    QVERIFY(QFile(Arquivo).open(QIODevice::WriteOnly));
-    FArquivo = std::make_unique<TCustomConnection>(Arquivo);
-    FNoServidor = std::make_unique<TCustomConnection>(FServidor->Endereco());
-    for (TCustomConnection *C : {FArquivo.get(), FNoServidor.get()}) {
-        C->Open();
-        QSqlQuery Consulta(C->Banco());
-        for (const char *SQL :
-             {"CREATE TABLE letras (Ordem INTEGER, Nome TEXT, Valor DOUBLE PRECISION)",
-              "INSERT INTO letras VALUES (1, 'a', 0.5), (2, 'b', 1.5), (3, NULL, NULL), (4, 'ação', -2)"})
-            QVERIFY2(Consulta.exec(QString::fromUtf8(SQL)), qPrintable(Consulta.lastError().text()));
-    }
+    EscreverBytes(Arquivo, {});
+    QCOMPARE(SubirBancos(Arquivo), QString());
+    for (TCustomConnection *C : {FArquivo.get(), FNoServidor.get()})
+        RodarSQL(*C,
+                 QStringLiteral("CREATE TABLE letras (Ordem INTEGER, Nome TEXT, Valor DOUBLE PRECISION);\n"
+                                "INSERT INTO letras VALUES (1, 'a', 0.5), (2, 'b', 1.5), (3, NULL, NULL), "
+                                "(4, 'ação', -2)"));
 }
 
 void TesteClientDataSet::cleanupTestCase()
 {
-    FNoServidor.reset();
-    FServidor.reset();
-}
-
-void TesteClientDataSet::CadaBanco_data()
-{
-    QTest::addColumn<bool>("DoServidor");
-    QTest::newRow("sqlite") << false;
-    QTest::newRow("postgresql") << true;
-}
-
-TCustomConnection &TesteClientDataSet::Conexao()
-{
-    QFETCH(bool, DoServidor);
-    return DoServidor ? *FNoServidor : *FArquivo;
+    DescerBancos();
 }
 
 void TesteClientDataSet::NovoEstaFechado()

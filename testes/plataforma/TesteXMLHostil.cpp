@@ -165,6 +165,8 @@ void TesteXMLHostil::Recusados_data()
         << QByteArray("<!DOCTYPE a [<!ELEMENT b EMPTY><!ELEMENT a (" + Opcoes + ")>]><a><b/></a>");
     QTest::newRow("alternativas demais")
         << QByteArray("<!DOCTYPE a [<!ELEMENT a ANY><!ATTLIST a b (" + Valores + ") #IMPLIED>]><a/>");
+    QTest::newRow("alternativas demais atras de um comentario")
+        << QByteArray("<!DOCTYPE a [<!ENTITY % p '<!-- -->" + Valores + "'><!ELEMENT a ANY>]><a/>");
     QTest::newRow("modelo de conteudo fundo") << QByteArray(
         "<!DOCTYPE a [<!ELEMENT a " + QByteArray(100'000, '(') + "b" + QByteArray(100'000, ')') + ">]><a/>");
 }
@@ -195,6 +197,8 @@ void TesteXMLHostil::NoLimiteAindaServe_data()
     for (int N = 0; N < 1000; ++N)
         Atributos += " a" + QByteArray::number(N) + "=''";
     QTest::newRow("1000 atributos") << QByteArray("<a" + Atributos + "/>");
+    QTest::newRow("barras em um comentario com DTD")
+        << QByteArray("<!DOCTYPE a [<!ELEMENT a ANY>]><a><!-- " + QByteArray(5'000, '|') + " --></a>");
     QTest::newRow("o que parece atributos em uma cdata")
         << QByteArray("<a><![CDATA[<a" + Repetido(" b=''", 5'000) + "/>]]></a>");
     QTest::newRow("o que parece atributos em um comentario")

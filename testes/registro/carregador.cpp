@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // carregador LIBRARY TIMES: loads and unloads the library that often, in one process. Exit code 0 when each
-// round went well, the modules had started inside of it and the process did not go on growing.
+// round went well, the modules had started inside of it, stopped in the reverse of their order at its unload,
+// and the process did not go on growing.
 #include <dlfcn.h>
 
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
+#include <iterator>
 #include <string>
+#include <vector>
 
 namespace
 {
@@ -20,6 +23,20 @@ long PaginasResidentes()
     return Residentes;
 }
 
+constexpr const char *NaOrdemDePartida[] = {"TabelaDeSimbolos",    "SimboloImagem", "TabelaDeSimbolosBD",
+                                            "SimboloVetorial",     "TagsXML",       "TreeNodeXML",
+                                            "PrepararAtualizacao", "TreeViewXML",   "TreeViewXMLBD"};
+
+std::vector<std::string> Paradas;
+
+bool ParadasNaOrdemInversa()
+{
+    std::vector<std::string> Esperadas(std::rbegin(NaOrdemDePartida), std::rend(NaOrdemDePartida));
+    for (std::size_t I = 0; Paradas != Esperadas && I < Paradas.size(); ++I)
+        std::fprintf(stderr, "%zu: %s\n", I, Paradas[I].c_str());
+    return Paradas == Esperadas;
+}
+
 bool Rodada(const char *Biblioteca)
 {
     void *Carregada = dlopen(Biblioteca, RTLD_NOW | RTLD_LOCAL);
@@ -29,8 +46,15 @@ bool Rodada(const char *Biblioteca)
     }
     using TPergunta = int (*)();
     const auto QuantosIniciados = reinterpret_cast<TPergunta>(dlsym(Carregada, "SibrelModulosIniciados"));
-    const bool Certo = QuantosIniciados != nullptr && QuantosIniciados() > 0;
-    if (dlclose(Carregada) != 0 || !Certo)
+    using TAvisar = void (*)(void (*)(const char *));
+    const auto AvisarParadas = reinterpret_cast<TAvisar>(dlsym(Carregada, "SibrelAvisarParadas"));
+    const bool Certo =
+        QuantosIniciados != nullptr && std::size_t(QuantosIniciados()) == std::size(NaOrdemDePartida);
+    if (!Certo || AvisarParadas == nullptr)
+        return false;
+    Paradas.clear();
+    AvisarParadas([](const char *Modulo) { Paradas.emplace_back(Modulo); });
+    if (dlclose(Carregada) != 0 || !ParadasNaOrdemInversa())
         return false;
     return dlopen(Biblioteca, RTLD_NOW | RTLD_NOLOAD) == nullptr; // it is really gone, its stop has run
 }

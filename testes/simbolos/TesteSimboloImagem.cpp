@@ -181,6 +181,7 @@ private Q_SLOTS:
     void RepeteAPinturaSoQuandoMuda();
     void AMascaraEReduzidaAUmBit();
     void OTransparenteEClaro();
+    void APrimeiraPinturaNaoDependeDeQuemLeuAMascara();
     void MascaraDeSvg();
     void FiguraComCorTransparente();
     void MascaraNulaEsvazia();
@@ -367,6 +368,29 @@ void TesteSimboloImagem::OTransparenteEClaro()
     QVERIFY(Mascara.Pixel(1, 0) == clBlack);
     QVERIFY(Mascara.Pixel(2, 0) == clWhite);
     QVERIFY(!Mascara.Imagem().hasAlphaChannel());
+}
+
+// The mask is one bit a pixel before it is first inverted: also when no one has looked at it yet.
+void TesteSimboloImagem::APrimeiraPinturaNaoDependeDeQuemLeuAMascara()
+{
+    QImage ComAlfa = Letra().convertToFormat(QImage::Format_ARGB32);
+    for (int Y = 0; Y < ComAlfa.height(); ++Y)
+        for (int X = 0; X < ComAlfa.width(); ++X)
+            if (qGray(ComAlfa.pixel(X, Y)) >= 128)
+                ComAlfa.setPixel(X, Y, 0x00000000U);
+    QImage Meios(4, 1, QImage::Format_RGB32); // around the threshold, where inverting first shifts it
+    for (int X = 0; X < 4; ++X)
+        Meios.setPixel(X, 0, qRgb(126 + X, 126 + X, 126 + X));
+    for (const QImage &Mascara : {ComAlfa, Meios}) {
+        TCena SemLer({5, 4, 20, 16}, Mascara);
+        TCena Lida({5, 4, 20, 16}, Mascara);
+        QVERIFY(!Lida.Controle.ObterMascara().Imagem().isNull());
+        const QImage Quadro = Desenhado(SemLer.Fundo);
+        QCOMPARE(Quadro, Desenhado(Lida.Fundo));
+        QVERIFY(Quadro != SemLer.Sem);
+    }
+    TCena Cena({5, 4, 20, 16}, ComAlfa);
+    QCOMPARE(Desenhado(Cena.Fundo), Cena.Esperado(Letra(), {0, 0, 10, 8}));
 }
 
 void TesteSimboloImagem::MascaraDeSvg()

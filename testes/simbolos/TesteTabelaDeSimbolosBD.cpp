@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "comum/Bancos.h"
 #include "comum/Dados.h"
-#include "comum/ServidorPostgres.h"
 #include "plataforma/ClientDataSet.h"
 #include "plataforma/CustomConnection.h"
 #include "plataforma/Exception.h"
@@ -9,7 +9,6 @@
 #include "simbolos/TabelaDeSimbolosBD.h"
 
 #include <QPainter>
-#include <QSqlError>
 #include <QStandardItemModel>
 #include <QTest>
 
@@ -61,7 +60,7 @@ QString DescritaPelaRegra(const QStringList &Chaves)
 
 } // namespace
 
-class TesteTabelaDeSimbolosBD : public QObject
+class TesteTabelaDeSimbolosBD : public QObject, private TComBancos
 {
     Q_OBJECT
 
@@ -101,28 +100,18 @@ private:
     void Abrir(TClientDataSet &Dados, TOrigem Origem, const QString &Linhas);
     void AbrirChaves(TClientDataSet &Dados, TOrigem Origem, const QStringList &Chaves);
 
-    std::unique_ptr<TServidorPostgres> FServidor;
-    std::unique_ptr<TCustomConnection> FArquivo;
-    std::unique_ptr<TCustomConnection> FNoServidor;
     QStandardItemModel FModelo;
 };
 
 void TesteTabelaDeSimbolosBD::initTestCase()
 {
     CarregarFontes();
-    try {
-        FServidor = std::make_unique<TServidorPostgres>();
-    } catch (const std::exception &E) {
-        QFAIL(E.what());
-    }
-    FArquivo = std::make_unique<TCustomConnection>(QStringLiteral(":memory:"));
-    FNoServidor = std::make_unique<TCustomConnection>(FServidor->Endereco());
+    QCOMPARE(SubirBancos(), QString());
 }
 
 void TesteTabelaDeSimbolosBD::cleanupTestCase()
 {
-    FNoServidor.reset();
-    FServidor.reset();
+    DescerBancos();
 }
 
 void TesteTabelaDeSimbolosBD::CadaOrigem()
@@ -142,22 +131,18 @@ void TesteTabelaDeSimbolosBD::Abrir(TClientDataSet &Dados, const QString &Linhas
 // Opens rows written as the values of an INSERT: (CARACTER, PROPORCAO, FONTE, IDTIPOBJ), ...
 void TesteTabelaDeSimbolosBD::Abrir(TClientDataSet &Dados, TOrigem Origem, const QString &Linhas)
 {
-    TCustomConnection &Conexao = Origem == DeServidor ? *FNoServidor : *FArquivo;
-    Conexao.Open();
-    QSqlQuery Consulta(Conexao.Banco());
-    QVERIFY(Consulta.exec(QStringLiteral("DROP TABLE IF EXISTS simbolos")));
-    QVERIFY(Consulta.exec(
-        QStringLiteral("CREATE TABLE simbolos (ordem INTEGER, CARACTER INTEGER, PROPORCAO REAL, "
-                       "FONTE TEXT, IDTIPOBJ VARCHAR(20))")));
+    TCustomConnection &Onde = Origem == DeServidor ? *FNoServidor : *FArquivo;
+    RodarSQL(Onde, QStringLiteral("DROP TABLE IF EXISTS simbolos;\n"
+                                  "CREATE TABLE simbolos (ordem INTEGER, CARACTER INTEGER, PROPORCAO REAL, "
+                                  "FONTE TEXT, IDTIPOBJ VARCHAR(20))"));
     if (!Linhas.isEmpty())
-        QVERIFY2(Consulta.exec(
-                     QStringLiteral("INSERT INTO simbolos SELECT row_number() OVER (), * FROM (VALUES %1) v")
-                         .arg(Linhas)),
-                 qPrintable(Consulta.lastError().text()));
+        RodarSQL(Onde,
+                 QStringLiteral("INSERT INTO simbolos SELECT row_number() OVER (), * FROM (VALUES %1) v")
+                     .arg(Linhas));
     TClientDataSet DoBanco;
-    TClientDataSet &Onde = Origem == DeModelo ? DoBanco : Dados;
-    Onde.Open(Conexao,
-              QStringLiteral("SELECT CARACTER, PROPORCAO, FONTE, IDTIPOBJ FROM simbolos ORDER BY ordem"));
+    TClientDataSet &Lidos = Origem == DeModelo ? DoBanco : Dados;
+    Lidos.Open(Onde,
+               QStringLiteral("SELECT CARACTER, PROPORCAO, FONTE, IDTIPOBJ FROM simbolos ORDER BY ordem"));
     if (Origem != DeModelo)
         return;
     FModelo.clear();
