@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QDir>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <new>
@@ -66,6 +67,8 @@ QString Base()
     for (int I = 0; I < 6; ++I)
         XML += U(QStringLiteral("Elemento %1").arg(I), QString::number(I),
                  U(QStringLiteral("Filho"), QStringLiteral("f%1").arg(I % 2)));
+    for (int I = 0; I < 20; ++I) // so many that captions are looked up by index
+        XML += U(QStringLiteral("Irmão %1").arg(I), QStringLiteral("i%1").arg(I));
     return Doc(XML);
 }
 
@@ -88,6 +91,23 @@ QString Mudanca()
     return XML + QStringLiteral("</R>");
 }
 
+// Nodes that the indexes do not find, although they are there.
+QString Perdidos(const TTreeViewXML &Vista)
+{
+    QStringList Lista;
+    for (TTreeNode *No = Vista.Nos().GetFirstNode(); No != nullptr; No = No->GetNext()) {
+        const auto *XML = dynamic_cast<TTreeNodeXML *>(No);
+        if (XML == nullptr || XML->Identificacao().Count() == 0)
+            continue;
+        std::vector<TTreeNodeXML *> Achados;
+        Vista.ObterNos(Achados, XML->Identificacao());
+        if (std::find(Achados.begin(), Achados.end(), No) == Achados.end() ||
+            Vista.ObterNo(ObterCaminho(No, QStringLiteral("/"))) == nullptr)
+            Lista.append(No->Text());
+    }
+    return Lista.join(u' ');
+}
+
 // What was wrong with one update; empty when nothing was.
 QString Volta(TVistaQueResponde &Vista, int Qual)
 {
@@ -99,7 +119,7 @@ QString Volta(TVistaQueResponde &Vista, int Qual)
     Vista.OnProgresso = nullptr;
     Vista.Items().Clear();
     Vista.Atualizar(Base());
-    if (!EsperarAtualizacoes() || Vista.Nos().Count() != 12)
+    if (!EsperarAtualizacoes() || Vista.Nos().Count() != 32)
         return QStringLiteral("a primeira não acabou");
     Vista.OnProgresso = [&](TTreeViewXML &, TPreparaAtualizacao &A) {
         Ultima = A.Etapa();
@@ -121,6 +141,8 @@ QString Volta(TVistaQueResponde &Vista, int Qual)
     Vista.Atualizar(Doc(U(QStringLiteral("Depois"), QStringLiteral("d"))));
     if (!EsperarAtualizacoes() || Ultima != u"Terminado")
         return QStringLiteral("a seguinte acabou em <%1>").arg(Ultima);
+    if (const QString Nomes = Perdidos(Vista); !Nomes.isEmpty())
+        return QStringLiteral("não se acham: ") + Nomes;
     if (Mostrado(Vista.Modelo()) != Texto(Vista.Nos()) || Vista.ObterNo(QStringLiteral("Depois")) == nullptr)
         return QStringLiteral("mostra <%1> de <%2>").arg(Mostrado(Vista.Modelo()), Texto(Vista.Nos()));
     return {};

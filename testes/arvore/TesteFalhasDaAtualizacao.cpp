@@ -770,7 +770,7 @@ void TesteFalhasDaAtualizacao::MemoriaQueAcaba()
 void TesteFalhasDaAtualizacao::CadaAlocacaoQueFalha_data()
 {
     QTest::addColumn<QString>("Seguidas");
-    for (const char *Seguidas : {"1", "2", "30"})
+    for (const char *Seguidas : {"1", "2", "12"})
         QTest::newRow(Seguidas) << QString::fromLatin1(Seguidas);
 }
 
