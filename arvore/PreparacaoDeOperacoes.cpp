@@ -134,8 +134,14 @@ void TPreparaAtualizacao::Enfileirar(std::unique_ptr<TAtualizacao> A)
 {
     if (A->Operacao == TOperacoes::exclusao)
         RetirarOperacoes(A->No);
-    (A->No != nullptr ? FPorNo[A->No] : FSemNo).push_back(FOperacoes.size());
-    FOperacoes.push_back(std::move(A));
+    std::vector<std::size_t> &Lugares = A->No != nullptr ? FPorNo[A->No] : FSemNo;
+    Lugares.push_back(FOperacoes.size());
+    try {
+        FOperacoes.push_back(std::move(A));
+    } catch (...) {
+        Lugares.pop_back(); // the next operation takes that place
+        throw;
+    }
 }
 
 // Also for no node: a deletion that found none withdraws all insertions so far.
@@ -143,9 +149,11 @@ void TPreparaAtualizacao::RetirarOperacoes(TTreeNode *No)
 {
     std::vector<std::size_t> &Lugares = No != nullptr ? FPorNo[No] : FSemNo;
     for (const std::size_t Lugar : Lugares) {
-        // Kept apart: operations below it still point at it.
-        FOperacoes[Lugar]->Retirada = true;
-        FRetiradas.push_back(std::move(FOperacoes[Lugar]));
+        // Kept apart: operations below it still point at it. Gone already when memory ended here before.
+        if (TAtualizacao *A = FOperacoes[Lugar].get(); A != nullptr) {
+            FRetiradas.push_back(std::move(FOperacoes[Lugar]));
+            A->Retirada = true;
+        }
     }
     Lugares.clear();
 }

@@ -8,6 +8,8 @@
 #include "arvore/TreeViewXML.h"
 #include "plataforma/Exception.h"
 
+#include <QThread>
+
 namespace Sibrel
 {
 
@@ -34,6 +36,9 @@ void TPreparaAtualizacao::Execute()
 {
     const TTravaDeNos::TPaciente Paciente;
     FNos->Segurar();
+    // Qt keeps a record of each thread, made when it is first needed: not in the middle, when memory may be
+    // short.
+    static_cast<void>(QThread::currentThread());
     HavendoMemoria([this] { FReserva = std::make_unique_for_overwrite<char[]>(BytesDeReserva); });
     QString Ultima;
     try {
