@@ -24,7 +24,7 @@ void TPreparaAtualizacao::Atualizar()
     FUltimaEntrega = TRelogio::now();
     for (const auto &A : FOperacoes) {
         VerificarCancelamento();
-        FElementoAtual = A->NoXML;
+        FElementoAtual = static_cast<const TCursorXML &>(A->NoXML);
         if (Realizar(*A))
             ++FUltimoPasso;
         TalvezEntregar();
