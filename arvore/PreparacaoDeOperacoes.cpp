@@ -40,7 +40,7 @@ bool TPreparaAtualizacao::PrepararTudo()
     if (!Raiz || (!FElementoRaiz.isEmpty() && !Raiz.NomeE(FElementoRaiz)))
         return true;
     if (const auto DataHora = Raiz.Attribute(AtributoDataHora)) {
-        FElementoAtual = static_cast<const TCursorXML &>(Raiz); // the document outlives it
+        FElementoAtual = FDocumento->Raiz();
         const QDateTime Quando = DecodeDateTimeXML(*DataHora);
         FElementoAtual = {};
         ComVista([&](TTreeViewXML &Vista) { Vista.AtribuirDataHora(Quando); });

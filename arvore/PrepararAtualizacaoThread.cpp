@@ -17,7 +17,7 @@ namespace
 {
 
 // What telling of a failure takes, when memory is what failed.
-constexpr std::size_t BytesDeReserva = std::size_t{512} * 1024;
+constexpr std::size_t BytesDeReserva = 524288;
 
 // What is left out when it fails, as for want of memory: the update comes to its end in any case.
 template <class Fazer>

@@ -23,7 +23,8 @@ foreach(componente IN LISTS componentes)
     install(FILES "${PROJECT_BINARY_DIR}/debian/changelog.Debian.gz" DESTINATION "${pasta}" COMPONENT ${componente})
   endif()
 endforeach()
-install(DIRECTORY docs/guia DESTINATION "${CMAKE_INSTALL_DATAROOTDIR}/doc/${SIBREL_PACOTE_desenvolvimento}"
+# The guide shows pictures of the folder beside it.
+install(DIRECTORY docs/guia docs/imagens DESTINATION "${CMAKE_INSTALL_DATAROOTDIR}/doc/${SIBREL_PACOTE_desenvolvimento}"
   COMPONENT desenvolvimento)
 
 set(CPACK_PACKAGE_NAME sibrel)

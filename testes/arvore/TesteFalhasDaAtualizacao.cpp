@@ -14,6 +14,7 @@
 #include <atomic>
 #include <csignal>
 #include <stdexcept>
+#include <sys/mount.h>
 #include <sys/resource.h>
 
 using namespace Sibrel;
@@ -103,15 +104,14 @@ public:
         : FOnde(Onde)
     {
         QDir().mkpath(Onde);
-        FMontado =
-            QProcess::execute(QStringLiteral("mount"), {"-t", "tmpfs", "-o", "size=4k", "tmpfs", Onde}) == 0;
+        FMontado = mount("tmpfs", QFile::encodeName(Onde).constData(), "tmpfs", 0, "size=4k") == 0;
         if (FMontado)
             EscreverBytes(Onde + QStringLiteral("/cheio"), QByteArray(4096, 'x'));
     }
     ~TDiscoCheio()
     {
         if (FMontado)
-            QProcess::execute(QStringLiteral("umount"), {FOnde});
+            umount(QFile::encodeName(FOnde).constData());
     }
     TDiscoCheio(const TDiscoCheio &) = delete;
     TDiscoCheio &operator=(const TDiscoCheio &) = delete;
