@@ -8,6 +8,8 @@
 #include "lumbrix/DecodeDateTimeXML.h"
 #include "plataforma/Exception.h"
 
+#include <new>
+
 namespace Sibrel
 {
 
@@ -56,6 +58,11 @@ bool TPreparaAtualizacao::PrepararTratamento(TAtualizacao *AtualizacaoPai, TTree
         return TratarElemento(AtualizacaoPai, NoPai, NoXML);
     } catch (const TCancelado &) {
         throw;
+    } catch (const std::bad_alloc &) {
+        if (FReserva == nullptr)
+            throw; // nothing is left to ask with
+        FReserva.reset();
+        return Perguntar(NoXML, std::current_exception());
     } catch (...) {
         return Perguntar(NoXML, std::current_exception());
     }
@@ -100,8 +107,10 @@ bool TPreparaAtualizacao::Perguntar(const TCursorXML &NoXML, const std::exceptio
     Situar(Falha);
     FFalhas.push_back(std::move(Falha));
     Entregar(TPedido::Pergunta);
-    if (FResposta)
+    if (FResposta) {
         FElementoAtual = {}; // what fails from here on is not this one's fault
+        Reservar();
+    }
     return FResposta;
 }
 
