@@ -67,15 +67,23 @@ QString GravarArquivoDeErro(const QString &Pasta, const QDateTime &Quando, const
     if (!Arquivo.isOpen())
         throw EFCreateError(QStringLiteral("Não foi possível gravar <%1>!").arg(Arquivo.fileName()),
                             Arquivo.errorString());
-    const bool Inteiro = Escrever(Arquivo, QString(QStringLiteral("<!--Erro gerado:") + Mensagem +
-                                                   QStringLiteral(" -->") + PULALINHA.toString())) &&
-                         Escrever(Arquivo, XML) && Escrever(Arquivo, PULALINHA) && Arquivo.flush();
-    if (!Inteiro) {
-        const QString Motivo = Arquivo.errorString();
-        Arquivo.remove();
-        throw EFCreateError(QStringLiteral("Não foi possível gravar <%1>!").arg(Arquivo.fileName()), Motivo);
+    // What is there by half goes: closing it may fail once more, which removing it by its name ignores.
+    const auto Desistir = [&Arquivo] {
+        Arquivo.close();
+        QFile::remove(Arquivo.fileName());
+    };
+    try {
+        if (Escrever(Arquivo, QString(QStringLiteral("<!--Erro gerado:") + Mensagem + QStringLiteral(" -->") +
+                                      PULALINHA.toString())) &&
+            Escrever(Arquivo, XML) && Escrever(Arquivo, PULALINHA) && Arquivo.flush())
+            return Arquivo.fileName();
+    } catch (...) { // no memory to encode it
+        Desistir();
+        throw;
     }
-    return Arquivo.fileName();
+    const QString Motivo = Arquivo.errorString();
+    Desistir();
+    throw EFCreateError(QStringLiteral("Não foi possível gravar <%1>!").arg(Arquivo.fileName()), Motivo);
 }
 
 } // namespace Sibrel

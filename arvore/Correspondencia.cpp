@@ -3,6 +3,7 @@
 
 #include "arvore/TagsXML.h"
 #include "arvore/TreeNodesXML.h"
+#include "plataforma/Exception.h"
 
 namespace Sibrel
 {
@@ -18,7 +19,7 @@ QByteArray LegendaPelaClasse(TTreeNodesXML &Nos, const IXMLNode &No, const TRefN
         TTreeNodeXML::VerificarNumeros(No);
         return TTreeNodeXML::LegendaDoElemento(No);
     }
-    const std::unique_ptr<TTreeNodeXML> Provisorio = Classe.Criar(Nos);
+    const std::unique_ptr<TTreeNodeXML> Provisorio = NovoNoXML(Nos, Classe);
     Provisorio->AtribuirNoXML(No);
     return Provisorio->Text().toUtf8();
 }
@@ -44,6 +45,14 @@ TTreeNode *ProcurarNoPeloXML(TTreeNodesXML &Nos, QStringView AtributoNome, const
         return Achado;
     const QByteArray Legenda = LegendaPelaClasse(Nos, No, Classe);
     return Legenda != Nome ? Nos.ObterFilho(Pai, Legenda, Identificacao) : nullptr;
+}
+
+std::unique_ptr<TTreeNodeXML> NovoNoXML(TTreeNodesXML &Nos, const TRefNoXML &Classe)
+{
+    std::unique_ptr<TTreeNodeXML> Novo = Classe.Criar(Nos);
+    if (!Novo)
+        throw EAbstractError(QStringLiteral("A classe %1 é abstrata!").arg(QLatin1String(Classe.Nome())));
+    return Novo;
 }
 
 } // namespace Sibrel

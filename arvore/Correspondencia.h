@@ -6,6 +6,8 @@
 
 #include <QStringView>
 
+#include <memory>
+
 namespace Sibrel
 {
 
@@ -19,5 +21,8 @@ class TTreeNodesXML;
 /// the element has none. What the class raises while it loads the element reaches the caller.
 TTreeNode *ProcurarNoPeloXML(TTreeNodesXML &Nos, QStringView AtributoNome, const TTreeNode *Pai,
                              const IXMLNode &No, const TRefNoXML &Classe);
+
+/// A node of the class, not in the tree yet. EAbstractError for a class of which there can be none.
+std::unique_ptr<TTreeNodeXML> NovoNoXML(TTreeNodesXML &Nos, const TRefNoXML &Classe);
 
 } // namespace Sibrel

@@ -4,7 +4,7 @@
 #include "arvore/PrepararAtualizacao.h"
 
 #include <algorithm>
-#include <system_error>
+#include <exception>
 
 namespace Sibrel
 {
@@ -70,8 +70,8 @@ void TFilaDeAtualizacoes::ComecarProxima()
         try {
             A->FThread = std::thread([A] { A->Execute(); });
             FAtual = A;
-        } catch (const std::system_error &) {
-            QMetaObject::invokeMethod(A, "FicarSemThread", Qt::QueuedConnection);
+        } catch (const std::exception &) { // no thread to be had, or no memory for it
+            A->Chamar("FicarSemThread");
         }
     }
 }

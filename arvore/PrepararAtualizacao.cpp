@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // An update's life on the GUI thread: start, progress, questions, end. What it does on its own thread is in
-// PrepararAtualizacaoThread.cpp.
+// PrepararAtualizacaoThread.cpp, PreparacaoDeOperacoes.cpp and RealizacaoDeOperacoes.cpp.
 #include "arvore/PrepararAtualizacao.h"
 
+#include "arvore/FalhaDeAtualizacao.h"
 #include "arvore/FilaDeAtualizacoes.h"
 #include "arvore/TextosXML.h"
 #include "arvore/TreeViewXML.h"
@@ -145,9 +146,27 @@ void TPreparaAtualizacao::Comecar()
         qWarning("Sibrel: o progresso da abertura falhou: %s", E.what()); // nobody is above the event loop
     }
     if (FSolto)
-        Terminar();
-    else
+        return Terminar();
+    try {
         FilaDeAtualizacoes().Entrar(*this);
+    } catch (const std::bad_alloc &) {
+        FicarSemThread();
+    }
+}
+
+// Lets one of the operations of the GUI thread run there. The call itself takes a little memory: when there
+// is none the thread waits for some, since without the call the update would never end.
+void TPreparaAtualizacao::Chamar(const char *Operacao) noexcept
+{
+    constexpr std::chrono::milliseconds Espera(10);
+    for (;; std::this_thread::sleep_for(Espera)) {
+        try {
+            QMetaObject::invokeMethod(this, Operacao, Qt::QueuedConnection);
+            return;
+        } catch (const std::bad_alloc &) {
+            continue;
+        }
+    }
 }
 
 void TPreparaAtualizacao::LeuXML(int Estado)
@@ -195,23 +214,37 @@ void TPreparaAtualizacao::Servir()
         FMudou.notify_all();
     }
     if (FPorTerminar)
-        QMetaObject::invokeMethod(this, "Terminar", Qt::QueuedConnection);
+        Chamar("Terminar");
 }
 
+// Steps are told also when what they did cannot be shown, as for want of memory.
 void TPreparaAtualizacao::ServirProgresso(TPedido Pedido)
 {
+    std::exception_ptr Erro;
+    try {
+        MostrarOFeito();
+    } catch (...) {
+        Erro = std::current_exception();
+    }
+    if (Pedido == TPedido::Progresso)
+        Contar(FPosicao);
+    else
+        for (int Passo = FPrimeiroPasso; Passo <= FUltimoPasso && FArvore != nullptr; ++Passo)
+            Contar(Passo);
+    if (Erro)
+        std::rethrow_exception(Erro);
+}
+
+void TPreparaAtualizacao::MostrarOFeito()
+{
+    if (FDocumentoPorGuardar) {
+        FArvore->DocumentosNaoGravados.append(FXML);
+        FDocumentoPorGuardar = false; // when it is safe
+    }
     if (FPublicarTudo || HoraDePublicar()) {
         FArvore->Modelo().Publicar();
         FUltimaPublicacao = TRelogio::now();
     }
-    if (std::exchange(FDocumentoPorGuardar, false))
-        FArvore->DocumentosNaoGravados.append(FXML);
-    if (Pedido == TPedido::Progresso) {
-        Contar(FPosicao);
-        return;
-    }
-    for (int Passo = FPrimeiroPasso; Passo <= FUltimoPasso && FArvore != nullptr; ++Passo)
-        Contar(Passo);
 }
 
 // Showing a batch makes the view lay out all its rows again: the larger the tree, the rarer, so that showing
@@ -237,7 +270,7 @@ void TPreparaAtualizacao::Soltar()
         FArvore = nullptr;
     }
     if (FilaDeAtualizacoes().Desistir(*this))
-        QMetaObject::invokeMethod(this, "Terminar", Qt::QueuedConnection);
+        Chamar("Terminar");
 }
 
 // The system gives no more threads: nothing was done, the document is not lost.
@@ -246,7 +279,7 @@ void TPreparaAtualizacao::FicarSemThread()
     if (FArvore != nullptr) {
         FFalhas.push_back({QStringLiteral("O sistema não criou a thread da atualização."), {}, 0, 0, {}, {}});
         FArvore->DocumentosNaoGravados.append(FXML);
-        FEtapa = QStringLiteral("XML em formato inválido!");
+        FEtapa = XMLInvalido();
         FTotal = 0;
         Contar(0);
     }

@@ -141,14 +141,18 @@ private:
     Q_INVOKABLE void Terminar();
     Q_INVOKABLE void FicarSemThread();
     void ServirProgresso(TPedido Pedido);
+    void MostrarOFeito();
     bool HoraDePublicar() const;
     void Soltar();
+
+    // Any thread
+    void Chamar(const char *Operacao) noexcept;
 
     // The update's thread
     void Execute();
     void Etapas();
     void Encerrar(const QString &Ultima);
-    void Falhar(const std::exception_ptr &Erro);
+    void Falhar(const std::exception_ptr &Erro) noexcept;
     void Situar(TFalhaDeAtualizacao &Falha);
     void IrParaEtapa(const QString &Etapa);
     void Progresso(int Posicao, int Total);
@@ -156,8 +160,15 @@ private:
     void EntregarPassos();
     void Entregar(TPedido Pedido);
     void VerificarCancelamento() const;
+    /// Hands the view to `F`, or ends the update when it has gone; the view stays meanwhile.
     template <class Fazer>
-    void ComVista(Fazer &&F);
+    void ComVista(Fazer &&F)
+    {
+        const std::lock_guard Guarda(FTravaDaVista);
+        if (FArvore == nullptr)
+            throw TCancelado();
+        F(*FArvore);
+    }
     bool PrepararAtualizacao();
     bool PrepararTudo();
     bool PrepararTratamento(TAtualizacao *AtualizacaoPai, TTreeNode *NoPai, const TCursorXML &NoXML);
@@ -195,6 +206,7 @@ private:
     TClasses FClasses;
     std::vector<TFalhaDeAtualizacao> FFalhas;
     QString FArquivoDeErro;
+    std::unique_ptr<char[]> FReserva; // memory for a failure
     TRelogio::time_point FUltimaEntrega;
     TRelogio::time_point FUltimaPublicacao;
     int FPrimeiroPasso = 1; // told at the next hand-over: from here to FUltimoPasso

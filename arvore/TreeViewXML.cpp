@@ -130,6 +130,8 @@ void TTreeViewXML::Atualizar(const QString &Texto, QObject *Contexto)
         throw Exception(QStringLiteral("XML em formato inválido!"), E.Detalhe);
     } catch (const std::exception &E) {
         throw Exception(QStringLiteral("XML em formato inválido!"), QString::fromLocal8Bit(E.what()));
+    } catch (...) { // a handler of the host's may throw anything
+        throw Exception(QStringLiteral("XML em formato inválido!"));
     }
 }
 

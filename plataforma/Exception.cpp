@@ -11,11 +11,13 @@ Exception::Exception(QString Mensagem, QString OutrosFatos)
 }
 
 const char *Exception::what() const noexcept
-{
+try {
     FTextoDeWhat = Message.toUtf8();
     if (!Detalhe.isEmpty())
         FTextoDeWhat += '\n' + Detalhe.toUtf8();
     return FTextoDeWhat.constData();
+} catch (const std::bad_alloc &) {
+    return "Sibrel::Exception"; // no memory for more
 }
 
 void Exception::AcrescentarDetalhe(const QString &Fato)

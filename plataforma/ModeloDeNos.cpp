@@ -123,10 +123,39 @@ void TModeloDeNos::Publicar()
     if (FPublicando)
         return; // the outer call goes on until nothing waits
     FPublicando = true;
-    while (FNos->TemPendencias())
-        Aplicar(FNos->TomarPendencias());
+    try {
+        if (FPorRefazer)
+            Refazer();
+        while (FNos->TemPendencias())
+            Aplicar(FNos->TomarPendencias());
+    } catch (...) { // no memory, or a host's handler: what was taken is shown half
+        FPublicando = false;
+        FPorRefazer = true;
+        throw;
+    }
     FPublicando = false;
     FNos->Publicou();
+}
+
+// Shows everything anew, after a publication that did not come to its end.
+void TModeloDeNos::Refazer()
+{
+    struct TSegurando { // rows are asked for until the reset is over
+        TTreeNodes &Nos;
+        explicit TSegurando(TTreeNodes &Quais)
+            : Nos(Quais)
+        {
+            Nos.Segurar();
+        }
+        ~TSegurando() { Nos.Soltar(); }
+        TSegurando(const TSegurando &) = delete;
+        TSegurando &operator=(const TSegurando &) = delete;
+    };
+    const TSegurando Segurando(*FNos);
+    beginResetModel();
+    FNos->AtribuirPublicador(this);
+    endResetModel();
+    FPorRefazer = false;
 }
 
 void TModeloDeNos::Aplicar(const TPendenciasDeNos &P)

@@ -55,7 +55,8 @@ public:
     Qt::ItemFlags flags(const QModelIndex &Indice) const override;
 
 public Q_SLOTS:
-    /// Shows everything that waits. Callable from inside itself: what comes up meanwhile is shown too.
+    /// Shows everything that waits. Callable from inside itself: what comes up meanwhile is shown too. What a
+    /// handler raises, or memory that runs out, reaches the caller; the next call then shows everything anew.
     void Publicar();
 
 private:
@@ -66,6 +67,7 @@ private:
     };
 
     void HaPendencias() override;
+    void Refazer();
     void Aplicar(const TPendenciasDeNos &P);
     void Retirar(const std::vector<TTreeNode *> &Nos);
     void RetirarTrecho(const TTrecho &T);
@@ -80,6 +82,7 @@ private:
 
     std::shared_ptr<TTreeNodes> FNos;
     bool FPublicando = false;
+    bool FPorRefazer = false;
     std::atomic<bool> FPedido = false;
 };
 

@@ -235,6 +235,7 @@ void TTreeNodes::AtribuirPublicador(IPublicadorDeNos *Publicador)
     for (TTreeNode *No = FRaizes.Primeiro; No != nullptr; No = No->GetNext()) {
         No->Desmarcar(TTreeNode::Publicado);
         No->Desmarcar(TTreeNode::PorMudar);
+        No->Desmarcar(TTreeNode::EmLote);
         No->FLinha = -1;
         if (TFilhosDeNo *Filhos = No->Filhos())
             Filhos->Publicados.clear();

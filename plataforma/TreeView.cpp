@@ -6,6 +6,7 @@
 #include <QHeaderView>
 #include <QMenu>
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
 
@@ -274,7 +275,7 @@ void TTreeView::VoltarAoTopo()
 
 void TTreeView::MostrarExpansoes(std::span<TTreeNode *const> Nos)
 {
-    FExpandindo = true;
+    const QScopedValueRollback Expandindo(FExpandindo, true);
     for (const TTreeNode *No : Nos) {
         const QModelIndex Indice = FModelo->IndiceDe(No);
         if (No->Expanded())
@@ -282,7 +283,6 @@ void TTreeView::MostrarExpansoes(std::span<TTreeNode *const> Nos)
         else
             collapse(Indice);
     }
-    FExpandindo = false;
 }
 
 } // namespace Sibrel

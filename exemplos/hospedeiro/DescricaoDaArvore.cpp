@@ -77,12 +77,13 @@ QString TextoDasFalhas(const std::vector<TFalhaDeAtualizacao> &Falhas)
     return Linhas.join(u'\n');
 }
 
-QString DetalheComOrigem(const Exception &Erro, const QString &Origem)
+QString DetalheDaOrigem(const Exception &Erro, const QString &Tipo, const QString &Nome)
 {
-    const QString Nome = Origem.sliced(Origem.indexOf(u'<'));
-    if (Erro.Message.contains(Nome) || Erro.Detalhe.contains(Nome))
+    const QString EntreAngulos = QStringLiteral("<%1>").arg(Nome);
+    if (Erro.Message.contains(EntreAngulos) || Erro.Detalhe.contains(EntreAngulos))
         return Erro.Detalhe;
-    return Origem + (Erro.Detalhe.isEmpty() ? QStringLiteral(".") : QStringLiteral(":\n") + Erro.Detalhe);
+    return Tipo + u' ' + EntreAngulos +
+           (Erro.Detalhe.isEmpty() ? QStringLiteral(".") : QStringLiteral(":\n") + Erro.Detalhe);
 }
 
 } // namespace Hospedeiro

@@ -23,8 +23,8 @@ QString ListaDaArvore(const Sibrel::TTreeViewXML &Arvore);
 /// What failed in an update, one line each: place in the document, and cause.
 QString TextoDasFalhas(const std::vector<Sibrel::TFalhaDeAtualizacao> &Falhas);
 
-/// What there is to say beside an error's message: where the document comes from, unless the error says so
-/// itself, and the reason. `Origem` has the document's name in angle brackets: `Arquivo <a.xml>`.
-QString DetalheComOrigem(const Sibrel::Exception &Erro, const QString &Origem);
+/// What there is to say about a file or database (`Tipo`, as the user is told) that was refused, beside the
+/// error's message: its name, unless the message says it, and the reason.
+QString DetalheDaOrigem(const Sibrel::Exception &Erro, const QString &Tipo, const QString &Nome);
 
 } // namespace Hospedeiro

@@ -14,6 +14,16 @@
 namespace Hospedeiro
 {
 
+namespace
+{
+
+QString TipoArquivo()
+{
+    return TFilaDeDocumentos::tr("Arquivo");
+}
+
+} // namespace
+
 TFilaDeDocumentos::TFilaDeDocumentos(TArvoreDoHospedeiro &Arvore, TRegistroDeAtualizacoes &Registro,
                                      QObject *Dono)
     : QObject(Dono)
@@ -25,27 +35,22 @@ TFilaDeDocumentos::TFilaDeDocumentos(TArvoreDoHospedeiro &Arvore, TRegistroDeAtu
             Qt::QueuedConnection);
 }
 
-QString TFilaDeDocumentos::TDocumento::Origem() const
-{
-    return (Carregar ? QStringLiteral("Banco <%1>") : QStringLiteral("Arquivo <%1>")).arg(Arquivo);
-}
-
 void TFilaDeDocumentos::Abrir(const QString &Arquivo)
 {
-    AbrirCom(Arquivo, {});
+    AbrirCom(TipoArquivo(), Arquivo, {});
 }
 
-void TFilaDeDocumentos::AbrirCom(const QString &Nome, std::function<void()> Carregar)
+void TFilaDeDocumentos::AbrirCom(const QString &Tipo, const QString &Nome, std::function<void()> Carregar)
 {
     FEsperando.clear();
     Cancelar();
-    FEsperando.push_back({Nome, true, true, std::move(Carregar)});
+    FEsperando.push_back({Tipo, Nome, true, true, std::move(Carregar)});
     Proximo();
 }
 
 void TFilaDeDocumentos::Acrescentar(const QString &Arquivo, bool Avisar)
 {
-    FEsperando.push_back({Arquivo, false, Avisar, {}});
+    FEsperando.push_back({TipoArquivo(), Arquivo, false, Avisar, {}});
     Proximo();
 }
 
@@ -80,7 +85,7 @@ void TFilaDeDocumentos::Ler(const TDocumento &Documento)
     } catch (const Sibrel::Exception &E) {
         FRegistro.Recusar(E);
         if (Documento.Avisar)
-            Q_EMIT Recusado(E.Message, DetalheComOrigem(E, Documento.Origem()));
+            Q_EMIT Recusado(E.Message, DetalheDaOrigem(E, Documento.Tipo, Documento.Arquivo));
         return;
     }
     // Only now that there is something to take their place; the update begins with the next event.

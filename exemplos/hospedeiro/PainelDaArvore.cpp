@@ -77,7 +77,7 @@ void TPainelDaArvore::Abrir(const QString &Arquivo)
 void TPainelDaArvore::AbrirBanco(std::shared_ptr<TBancoDoExercicio> Banco, std::function<void()> AoCarregar)
 {
     const QString Nome = Banco->Nome();
-    FFila->AbrirCom(Nome, [this, Banco = std::move(Banco), AoCarregar = std::move(AoCarregar)] {
+    FFila->AbrirCom(tr("Banco"), Nome, [this, Banco = std::move(Banco), AoCarregar = std::move(AoCarregar)] {
         Banco->CarregarUnidades(*FArvore);
         FBanco = Banco;
         AoCarregar();

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // Trees on the example host's command line: the program itself is run.
-#include "Programa.h"
 #include "comum/Dados.h"
+#include "exemplos/Programa.h"
 
 #include <QDir>
 #include <QImage>
@@ -35,7 +35,7 @@ private:
     static QString DaArvore(const QString &Nome) { return DadoDeExemplo(QStringLiteral("arvore/") + Nome); }
     TResultado Rodar(const QStringList &Argumentos) const
     {
-        return RodarPrograma(QStringLiteral(SIBREL_HOSPEDEIRO), FPasta->path(), Argumentos);
+        return RodarPrograma(FPasta->path(), Argumentos);
     }
     TResultado RodarCom(const QByteArray &Documento, const QStringList &Mais) const
     {

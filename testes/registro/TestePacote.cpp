@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "arvore/DocumentoDeTabelas.h"
+#include "arvore/PrepararAtualizacao.h"
 #include "plataforma/Exception.h"
 #include "registro/Componentes.h"
 #include "registro/InformacoesDoPacote.h"
@@ -19,7 +21,10 @@ private Q_SLOTS:
     void ADescricao();
     void OsPacotesRequeridosNaOrdem();
     void OsModulosContidosNaOrdem();
+    void AVersao();
+    void SoOsCincoSeRegistram();
     void OsModulosComecamNaOrdem();
+    void CadaModuloComecaUmaVez();
     void PararEIniciarDeNovo();
     void AsFigurasDaPaleta_data();
     void AsFigurasDaPaleta();
@@ -42,32 +47,61 @@ void TestePacote::OsPacotesRequeridosNaOrdem()
 
 void TestePacote::OsModulosContidosNaOrdem()
 {
-    QCOMPARE(ModulosContidos().size(), 11U);
-    QVERIFY(ModulosContidos().front() == "Sibrel");
-    QVERIFY(ModulosContidos()[6] == "TabelaDeSimbolos");
-    QVERIFY(ModulosContidos().back() == "SimboloImagem");
+    QByteArrayList Nomes;
+    for (const std::string_view M : ModulosContidos())
+        Nomes += QByteArray(M.data(), qsizetype(M.size()));
+    QCOMPARE(Nomes.join(','),
+             QByteArray("Sibrel,PrepararAtualizacao,TagsXML,Partida,TreeViewXML,TreeNodeXML,TabelaDeSimbolos,"
+                        "TreeViewXMLBD,SimboloVetorial,TabelaDeSimbolosBD,SimboloImagem"));
+}
+
+void TestePacote::AVersao()
+{
+    const QByteArray Versao(VersaoDoPacote().data(), qsizetype(VersaoDoPacote().size()));
+    QCOMPARE(Versao.count('.'), 2);
+    for (const QByteArray &Parte : Versao.split('.')) {
+        bool Numero = false;
+        Parte.toInt(&Numero);
+        QVERIFY2(Numero, Versao.constData());
+    }
+}
+
+void TestePacote::SoOsCincoSeRegistram()
+{
+    QStringList Classes;
+    for (const TComponenteDoPacote &C : ComponentesDoPacote())
+        Classes += C.Classe;
+    QCOMPARE(Classes, QStringList({"TTabelaDeSimbolos", "TSimboloImagem", "TTabelaDeSimbolosBD",
+                                   "TTreeViewXML", "TTreeViewXMLBD"}));
+    QCOMPARE(PaginaDaPaleta, QLatin1String("Simbolos"));
 }
 
 void TestePacote::OsModulosComecamNaOrdem()
 {
-    // The order of the whole package; what is there must be in it, in this order.
-    const QStringList Ordem = {QStringLiteral("TabelaDeSimbolos"),
-                               QStringLiteral("SimboloImagem"),
-                               QStringLiteral("TabelaDeSimbolosBD"),
-                               QStringLiteral("SimboloVetorial"),
-                               QStringLiteral("TagsXML"),
-                               QStringLiteral("TreeNodeXML"),
-                               QStringLiteral("PrepararAtualizacao"),
-                               QStringLiteral("TreeViewXML"),
-                               QStringLiteral("TreeViewXMLBD")};
-    qsizetype Ultimo = -1;
+    QStringList Nomes;
     for (const TModulo *M : ModulosDoPacote()) {
-        const qsizetype Onde = Ordem.indexOf(QLatin1String(M->Nome()));
-        QVERIFY2(Onde > Ultimo, M->Nome());
         QVERIFY2(M->Iniciado(), M->Nome());
-        Ultimo = Onde;
+        Nomes += QLatin1String(M->Nome());
     }
-    QVERIFY(Ultimo >= 0);
+    QCOMPARE(Nomes,
+             QStringList({"TabelaDeSimbolos", "SimboloImagem", "TabelaDeSimbolosBD", "SimboloVetorial",
+                          "TagsXML", "TreeNodeXML", "PrepararAtualizacao", "TreeViewXML", "TreeViewXMLBD"}));
+    QCOMPARE(SibrelModulosIniciados(), 9);
+    QCOMPARE(TPreparaAtualizacao::Instancias(), 0); // the worker's module has set its counter
+}
+
+// Pulled in by several users a module starts once, and stops when the last of them lets it go.
+void TestePacote::CadaModuloComecaUmaVez()
+{
+    for (TModulo *M : ModulosDoPacote()) {
+        M->Iniciar();
+        M->Parar();
+        QVERIFY2(M->Iniciado(), M->Nome());
+    }
+    TRefTratador Tratador;
+    TRefSimbolo Simbolo;
+    QVERIFY(TListaSimbolo::ObterTratadorDeSimbolo(QStringLiteral("Vetorial"), Tratador, Simbolo));
+    QCOMPARE(CABECALHO_XML, QStringLiteral("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>"));
 }
 
 void TestePacote::PararEIniciarDeNovo()
@@ -78,6 +112,8 @@ void TestePacote::PararEIniciarDeNovo()
         (*M)->Parar();
         QVERIFY2(!(*M)->Iniciado(), (*M)->Nome());
     }
+    QCOMPARE(SibrelModulosIniciados(), 0);
+    QCOMPARE(CABECALHO_XML, QString());
     QVERIFY_EXCEPTION_THROWN(RegistroDeTratadores(), EInvalidOperation);
     for (TModulo *M : Modulos)
         M->Iniciar();
