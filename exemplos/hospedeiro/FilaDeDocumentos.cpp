@@ -37,14 +37,12 @@ TFilaDeDocumentos::TFilaDeDocumentos(TArvoreDoHospedeiro &Arvore, TRegistroDeAtu
 
 void TFilaDeDocumentos::Abrir(const QString &Arquivo)
 {
-    FEsperando.clear();
-    Cancelar();
-    FEsperando.push_back({TipoArquivo(), Arquivo, true, true, {}});
-    Proximo();
+    AbrirCom(TipoArquivo(), Arquivo, {});
 }
 
 void TFilaDeDocumentos::AbrirCom(const QString &Tipo, const QString &Nome, std::function<void()> Carregar)
 {
+    FEsperando.clear();
     Cancelar();
     FEsperando.push_back({Tipo, Nome, true, true, std::move(Carregar)});
     Proximo();

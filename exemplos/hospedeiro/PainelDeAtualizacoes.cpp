@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "hospedeiro/PainelDeAtualizacoes.h"
 
+#include "hospedeiro/Campo.h"
 #include "hospedeiro/RegistroDeAtualizacoes.h"
 
 #include "arvore/TreeViewXML.h"
 
+#include <QAction>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -84,12 +88,31 @@ void TPainelDeAtualizacoes::MontarLista(TRegistroDeAtualizacoes &Registro)
     Cabecalho->resizeSection(TRegistroDeAtualizacoes::ColunaInicio, Largura("00:00:00 MM"));
     Cabecalho->resizeSection(TRegistroDeAtualizacoes::ColunaDocumento, Largura("ordem_de_batalha.xml MMM"));
     Cabecalho->resizeSection(TRegistroDeAtualizacoes::ColunaDuracao, Largura("0000,000 s MM"));
+    auto *Copiar = new QAction(tr("&Copiar"), FLista);
+    Copiar->setShortcut(QKeySequence::Copy);
+    Copiar->setShortcutContext(Qt::WidgetShortcut);
+    connect(Copiar, &QAction::triggered, this, &TPainelDeAtualizacoes::CopiarLinhas);
+    FLista->addAction(Copiar);
+    FLista->setContextMenuPolicy(Qt::ActionsContextMenu);
     // The newest stays in sight unless the operator is reading further up.
     connect(&Registro, &QAbstractItemModel::rowsAboutToBeInserted, FLista, [this] {
         const QScrollBar *Barra = FLista->verticalScrollBar();
         if (Barra->value() == Barra->maximum())
             QMetaObject::invokeMethod(FLista, &QTableView::scrollToBottom, Qt::QueuedConnection);
     });
+}
+
+void TPainelDeAtualizacoes::CopiarLinhas()
+{
+    QStringList Linhas;
+    for (const QModelIndex &Linha : FLista->selectionModel()->selectedRows()) {
+        QStringList Celulas;
+        for (int Coluna = 0; Coluna < TRegistroDeAtualizacoes::Colunas; ++Coluna)
+            Celulas += EmUmaColuna(Linha.siblingAtColumn(Coluna).data().toString());
+        Linhas += Celulas.join(u'\t');
+    }
+    if (!Linhas.isEmpty())
+        QGuiApplication::clipboard()->setText(Linhas.join(u'\n'));
 }
 
 void TPainelDeAtualizacoes::MostrarProgresso(const Sibrel::TPreparaAtualizacao &A)

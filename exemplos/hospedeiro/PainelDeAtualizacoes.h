@@ -35,6 +35,7 @@ Q_SIGNALS:
 private:
     QWidget *MontarAndamento();
     void MontarLista(TRegistroDeAtualizacoes &Registro);
+    void CopiarLinhas();
     void MostrarProgresso(const Sibrel::TPreparaAtualizacao &Atualizacao);
     void Descansar();
 
