@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "arvore/IndiceDeNos.h"
 
+#include <utility>
+
 namespace Sibrel
 {
 
@@ -15,10 +17,9 @@ std::uint32_t TIndiceDeNos::Acrescentar(std::uint64_t Chave, std::uint32_t Serie
 {
     if (FQuantas >= FBaldes.size())
         Crescer();
-    std::uint32_t Entrada = 0;
-    if (!FLivres.empty()) {
-        Entrada = FLivres.back();
-        FLivres.pop_back();
+    std::uint32_t Entrada = FLivre;
+    if (Entrada != Nenhuma) {
+        FLivre = FEntradas[Entrada].Proxima;
     } else {
         Entrada = static_cast<std::uint32_t>(FEntradas.size());
         FEntradas.emplace_back();
@@ -30,7 +31,7 @@ std::uint32_t TIndiceDeNos::Acrescentar(std::uint64_t Chave, std::uint32_t Serie
 }
 
 // Nodes nearly always come in the order of their numbers: the place is sought from the end.
-void TIndiceDeNos::Ligar(std::uint32_t Entrada)
+void TIndiceDeNos::Ligar(std::uint32_t Entrada) noexcept
 {
     TEntrada &E = FEntradas[Entrada];
     TBalde &B = FBaldes[Balde(E.Chave)];
@@ -43,22 +44,22 @@ void TIndiceDeNos::Ligar(std::uint32_t Entrada)
     (E.Proxima != Nenhuma ? FEntradas[E.Proxima].Anterior : B.Ultima) = Entrada;
 }
 
-void TIndiceDeNos::Retirar(std::uint32_t Entrada)
+void TIndiceDeNos::Retirar(std::uint32_t Entrada) noexcept
 {
     TEntrada &E = FEntradas[Entrada];
     TBalde &B = FBaldes[Balde(E.Chave)];
     (E.Anterior != Nenhuma ? FEntradas[E.Anterior].Proxima : B.Primeira) = E.Proxima;
     (E.Proxima != Nenhuma ? FEntradas[E.Proxima].Anterior : B.Ultima) = E.Anterior;
     E.No = nullptr;
-    FLivres.push_back(Entrada);
+    E.Proxima = std::exchange(FLivre, Entrada);
     --FQuantas;
 }
 
 void TIndiceDeNos::Crescer()
 {
     constexpr std::size_t Menor = 16;
-    const std::vector<TBalde> Antigos(std::move(FBaldes));
-    FBaldes.assign(Antigos.empty() ? Menor : Antigos.size() * 2, {});
+    std::vector<TBalde> Antigos(FBaldes.empty() ? Menor : FBaldes.size() * 2);
+    Antigos.swap(FBaldes);
     for (const TBalde &B : Antigos)
         for (std::uint32_t E = B.Primeira; E != Nenhuma;) {
             const std::uint32_t Seguinte = FEntradas[E].Proxima;

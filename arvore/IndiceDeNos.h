@@ -19,9 +19,9 @@ class TIndiceDeNos
 public:
     static constexpr std::uint32_t Nenhuma = 0;
 
-    /// The number of the new entry, never `Nenhuma`.
+    /// The number of the new entry, never `Nenhuma`. Memory that runs out leaves the index as it was.
     std::uint32_t Acrescentar(std::uint64_t Chave, std::uint32_t Serie, TTreeNode *No);
-    void Retirar(std::uint32_t Entrada);
+    void Retirar(std::uint32_t Entrada) noexcept;
     /// The first entry that may have the key, and the one behind an entry; `Nenhuma` at the end.
     std::uint32_t Primeira(std::uint64_t Chave) const noexcept;
     std::uint32_t Proxima(std::uint32_t Entrada) const noexcept;
@@ -42,12 +42,12 @@ private:
     };
     std::size_t Balde(std::uint64_t Chave) const noexcept;
     std::uint32_t ComChave(std::uint32_t Entrada, std::uint64_t Chave) const noexcept;
-    void Ligar(std::uint32_t Entrada);
+    void Ligar(std::uint32_t Entrada) noexcept;
     void Crescer();
 
     std::vector<TEntrada> FEntradas = std::vector<TEntrada>(1); // the first is nobody's
     std::vector<TBalde> FBaldes;
-    std::vector<std::uint32_t> FLivres;
+    std::uint32_t FLivre = Nenhuma; // entries without a node, one behind the other
     std::size_t FQuantas = 0;
 };
 

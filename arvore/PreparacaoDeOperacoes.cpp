@@ -8,6 +8,8 @@
 #include "lumbrix/DecodeDateTimeXML.h"
 #include "plataforma/Exception.h"
 
+#include <new>
+
 namespace Sibrel
 {
 
@@ -56,6 +58,11 @@ bool TPreparaAtualizacao::PrepararTratamento(TAtualizacao *AtualizacaoPai, TTree
         return TratarElemento(AtualizacaoPai, NoPai, NoXML);
     } catch (const TCancelado &) {
         throw;
+    } catch (const std::bad_alloc &) {
+        if (FReserva == nullptr)
+            throw; // nothing is left to ask with
+        FReserva.reset();
+        return Perguntar(NoXML, std::current_exception());
     } catch (...) {
         return Perguntar(NoXML, std::current_exception());
     }
@@ -100,8 +107,10 @@ bool TPreparaAtualizacao::Perguntar(const TCursorXML &NoXML, const std::exceptio
     Situar(Falha);
     FFalhas.push_back(std::move(Falha));
     Entregar(TPedido::Pergunta);
-    if (FResposta)
+    if (FResposta) {
         FElementoAtual = {}; // what fails from here on is not this one's fault
+        Reservar();
+    }
     return FResposta;
 }
 
@@ -134,8 +143,14 @@ void TPreparaAtualizacao::Enfileirar(std::unique_ptr<TAtualizacao> A)
 {
     if (A->Operacao == TOperacoes::exclusao)
         RetirarOperacoes(A->No);
-    (A->No != nullptr ? FPorNo[A->No] : FSemNo).push_back(FOperacoes.size());
-    FOperacoes.push_back(std::move(A));
+    std::vector<std::size_t> &Lugares = A->No != nullptr ? FPorNo[A->No] : FSemNo;
+    Lugares.push_back(FOperacoes.size());
+    try {
+        FOperacoes.push_back(std::move(A));
+    } catch (...) {
+        Lugares.pop_back(); // the next operation takes that place
+        throw;
+    }
 }
 
 // Also for no node: a deletion that found none withdraws all insertions so far.
@@ -143,9 +158,11 @@ void TPreparaAtualizacao::RetirarOperacoes(TTreeNode *No)
 {
     std::vector<std::size_t> &Lugares = No != nullptr ? FPorNo[No] : FSemNo;
     for (const std::size_t Lugar : Lugares) {
-        // Kept apart: operations below it still point at it.
-        FOperacoes[Lugar]->Retirada = true;
-        FRetiradas.push_back(std::move(FOperacoes[Lugar]));
+        // Kept apart: operations below it still point at it. Gone already when memory ended here before.
+        if (TAtualizacao *A = FOperacoes[Lugar].get(); A != nullptr) {
+            FRetiradas.push_back(std::move(FOperacoes[Lugar]));
+            A->Retirada = true;
+        }
     }
     Lugares.clear();
 }

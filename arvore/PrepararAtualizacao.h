@@ -152,6 +152,7 @@ private:
     void Execute();
     void Etapas();
     void Encerrar(const QString &Ultima);
+    void Reservar() noexcept;
     void Falhar(const std::exception_ptr &Erro) noexcept;
     void Situar(TFalhaDeAtualizacao &Falha);
     void IrParaEtapa(const QString &Etapa);

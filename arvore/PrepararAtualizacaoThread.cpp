@@ -8,6 +8,10 @@
 #include "arvore/TreeViewXML.h"
 #include "plataforma/Exception.h"
 
+#include <QThread>
+
+#include <new>
+
 namespace Sibrel
 {
 
@@ -28,13 +32,27 @@ void HavendoMemoria(Fazer &&F) noexcept
     }
 }
 
+bool PorFaltaDeMemoria(const std::exception_ptr &Erro) noexcept
+{
+    try {
+        std::rethrow_exception(Erro);
+    } catch (const std::bad_alloc &) {
+        return true;
+    } catch (...) {
+        return false;
+    }
+}
+
 } // namespace
 
 void TPreparaAtualizacao::Execute()
 {
     const TTravaDeNos::TPaciente Paciente;
     FNos->Segurar();
-    HavendoMemoria([this] { FReserva = std::make_unique_for_overwrite<char[]>(BytesDeReserva); });
+    // Qt keeps a record of each thread, made when it is first needed: not in the middle, when memory may be
+    // short.
+    static_cast<void>(QThread::currentThread());
+    Reservar();
     QString Ultima;
     try {
         Etapas();
@@ -85,9 +103,19 @@ void TPreparaAtualizacao::Encerrar(const QString &Ultima)
     FDocumento.reset();
 }
 
-// Memory may be what failed: each part that finds none is left out, and the document is kept in any case.
+// Without a reserve the next want of memory ends the update.
+void TPreparaAtualizacao::Reservar() noexcept
+{
+    if (FReserva == nullptr)
+        HavendoMemoria([this] { FReserva = std::make_unique_for_overwrite<char[]>(BytesDeReserva); });
+}
+
+// Memory may be what failed: then what the update held is given back first, since ending takes some on both
+// threads. Each part that finds none is left out, and the document is kept in any case.
 void TPreparaAtualizacao::Falhar(const std::exception_ptr &Erro) noexcept
 {
+    if (FReserva == nullptr || PorFaltaDeMemoria(Erro))
+        LiberarOperacoes();
     FReserva.reset();
     TFalhaDeAtualizacao Falha;
     Falha.Mensagem = MemoriaInsuficiente();

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <mutex>
+#include <new>
 
 namespace Sibrel
 {
@@ -62,8 +63,13 @@ const TIndiceDeNos &TTreeNodesXML::Identificacoes() const
 {
     if (!FIdentificacoes) {
         FIdentificacoes = std::make_unique<TIndiceDeNos>();
-        for (TTreeNode *No = GetFirstNode(); No != nullptr; No = No->GetNext())
-            IndexarIdentificacao(*No);
+        try {
+            for (TTreeNode *No = GetFirstNode(); No != nullptr; No = No->GetNext())
+                IndexarIdentificacao(*No);
+        } catch (...) {
+            EsquecerIndices();
+            throw;
+        }
     }
     return *FIdentificacoes;
 }
@@ -74,11 +80,27 @@ const TIndiceDeNos *TTreeNodesXML::Legendas(const TTreeNode *Pai) const
         return &Ja->second;
     if (QuantosFilhos(Pai) <= MuitosIrmaos)
         return nullptr;
-    TIndiceDeNos &Indice = FLegendas[Pai];
-    for (TTreeNode *No = PrimeiroFilho(Pai); No != nullptr; No = No->GetNextSibling())
-        EntradaDe(*No, PorLegenda) =
-            Indice.Acrescentar(ChaveDaLegenda(TextosDe(*No).ObterLegenda()), Serie(*No), No);
-    return &Indice;
+    try {
+        TIndiceDeNos &Indice = FLegendas[Pai];
+        for (TTreeNode *No = PrimeiroFilho(Pai); No != nullptr; No = No->GetNextSibling())
+            EntradaDe(*No, PorLegenda) =
+                Indice.Acrescentar(ChaveDaLegenda(TextosDe(*No).ObterLegenda()), Serie(*No), No);
+        return &Indice;
+    } catch (...) {
+        EsquecerIndices();
+        throw;
+    }
+}
+
+// An index that lacks a node finds wrongly; without one there is a new one at the next search.
+void TTreeNodesXML::EsquecerIndices() const noexcept
+{
+    FIdentificacoes.reset();
+    FLegendas.clear();
+    for (TTreeNode *No = GetFirstNode(); No != nullptr; No = No->GetNext()) {
+        EntradaDe(*No, PorIdentificacao) = TIndiceDeNos::Nenhuma;
+        EntradaDe(*No, PorLegenda) = TIndiceDeNos::Nenhuma;
+    }
 }
 
 void TTreeNodesXML::IndexarIdentificacao(TTreeNode &No) const
@@ -92,8 +114,9 @@ void TTreeNodesXML::IndexarIdentificacao(TTreeNode &No) const
             ComLink(*Chave, XML->Marcado(TTreeNodeXML::MarcaLink)), Serie(No), &No);
 }
 
-void TTreeNodesXML::Indexar(TTreeNode &No) const
-{
+// The node is in the tree already: nothing may be raised any more.
+void TTreeNodesXML::Indexar(TTreeNode &No) const noexcept
+try {
     if (FIdentificacoes)
         IndexarIdentificacao(No);
     if (FLegendas.empty())
@@ -101,6 +124,8 @@ void TTreeNodesXML::Indexar(TTreeNode &No) const
     if (const auto Irmaos = FLegendas.find(No.Parent()); Irmaos != FLegendas.end())
         EntradaDe(No, PorLegenda) =
             Irmaos->second.Acrescentar(ChaveDaLegenda(TextosDe(No).ObterLegenda()), Serie(No), &No);
+} catch (const std::bad_alloc &) {
+    EsquecerIndices();
 }
 
 void TTreeNodesXML::Desindexar(TTreeNode &No) const

@@ -64,7 +64,8 @@ private:
     static std::uint64_t ComLink(std::uint64_t Chave, bool Link) noexcept;
     const TIndiceDeNos &Identificacoes() const;
     const TIndiceDeNos *Legendas(const TTreeNode *Pai) const;
-    void Indexar(TTreeNode &No) const;
+    void Indexar(TTreeNode &No) const noexcept;
+    void EsquecerIndices() const noexcept;
     void Desindexar(TTreeNode &No) const;
     void IndexarIdentificacao(TTreeNode &No) const;
     TTreeNode *NoCaminho(const TTreeNode *Pai, QByteArrayView Resto, QByteArrayView Separador) const;

@@ -104,9 +104,15 @@ void TTreeNodes::Delete(TTreeNode *No)
     const TGuarda Guarda(FTrava);
     if (No == nullptr || !No->Tem(TTreeNode::Inserido) || No->Tem(TTreeNode::Retirado))
         return;
-    FMortos.push_back(No);
     if (No->Tem(TTreeNode::Publicado))
         FPendencias.Retirados.push_back(No);
+    try {
+        FMortos.push_back(No);
+    } catch (...) { // it stays in the tree, and its row too
+        if (No->Tem(TTreeNode::Publicado))
+            FPendencias.Retirados.pop_back();
+        throw;
+    }
     MarcarRetirados(*No);
     Desligar(*No);
     if (FPublicador == nullptr)
@@ -118,6 +124,7 @@ void TTreeNodes::Delete(TTreeNode *No)
 void TTreeNodes::Clear()
 {
     const TGuarda Guarda(FTrava);
+    FMortos.reserve(FMortos.size() + static_cast<std::size_t>(FRaizes.Quantos)); // all of them or none
     AntesDeLimpar();
     for (TTreeNode *No = FRaizes.Primeiro; No != nullptr; No = No->FProximo)
         FMortos.push_back(No);

@@ -96,7 +96,8 @@ public:
 
 protected:
     /// Called under the lock, for classes that keep indexes: a node was added, is about to leave (each node
-    /// of a deleted subtree), is about to change its texts, has changed them; everything is leaving.
+    /// of a deleted subtree), is about to change its texts, has changed them; everything is leaving. None may
+    /// raise.
     virtual void DepoisDeInserir(TTreeNode &No);
     virtual void AntesDeRetirar(TTreeNode &No);
     virtual void AntesDeMudar(TTreeNode &No);
@@ -144,7 +145,13 @@ void TTreeNode::Mudando(Mudanca &&Fazer)
     const bool Indexado = Tem(Inserido) && !Tem(Retirado);
     if (Indexado)
         FOwner.AntesDeMudar(*this);
-    Fazer();
+    try {
+        Fazer();
+    } catch (...) {
+        if (Indexado)
+            FOwner.DepoisDeMudar(*this); // as it is now
+        throw;
+    }
     if (Indexado)
         FOwner.DepoisDeMudar(*this);
     Mudou();

@@ -184,6 +184,8 @@ private Q_SLOTS:
     void PublicacaoQueFalhaERefeita();
     void MemoriaQueAcaba_data();
     void MemoriaQueAcaba();
+    void CadaAlocacaoQueFalha_data();
+    void CadaAlocacaoQueFalha();
 
 private:
     void AProximaFunciona(TTreeViewXML &Vista);
@@ -762,6 +764,27 @@ void TesteFalhasDaAtualizacao::MemoriaQueAcaba()
              qPrintable(Saida.left(1000)));
     QVERIFY2(Saida.contains(QStringLiteral("depois: Terminado\nárvore: A\nmostrado: A\n")),
              qPrintable(Saida.left(1000)));
+#endif
+}
+
+void TesteFalhasDaAtualizacao::CadaAlocacaoQueFalha_data()
+{
+    QTest::addColumn<QString>("Seguidas");
+    for (const char *Seguidas : {"1", "2", "12"})
+        QTest::newRow(Seguidas) << QString::fromLatin1(Seguidas);
+}
+
+void TesteFalhasDaAtualizacao::CadaAlocacaoQueFalha()
+{
+    QFETCH(QString, Seguidas);
+#ifdef SIBREL_SEM_LIMITE_DE_MEMORIA
+    QSKIP("um sanitizador responde ele mesmo pela memória");
+#else
+    QProcess Processo;
+    Processo.start(QStringLiteral(SIBREL_ALOCACAO_DA_ATUALIZACAO), {FPasta->path(), Seguidas});
+    QVERIFY(Processo.waitForFinished(300000));
+    const QString Saida = QString::fromUtf8(Processo.readAllStandardOutput());
+    QVERIFY2(Processo.exitStatus() == QProcess::NormalExit && Processo.exitCode() == 0, qPrintable(Saida));
 #endif
 }
 

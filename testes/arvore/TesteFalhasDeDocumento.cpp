@@ -39,6 +39,13 @@ QByteArray Latin1(const QString &Texto)
     return "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>" + Texto.toLatin1();
 }
 
+// Nobody is there to be asked whether to go on.
+class TVistaSemOperador : public TTreeViewXML
+{
+protected:
+    bool DesejaContinuar(const TFalhaDeAtualizacao &) override { return false; }
+};
+
 // Takes the rights of an ordinary user on files from this thread, for as long as it lives: root reads all.
 class TUsuarioComum
 {
@@ -260,7 +267,7 @@ static int CarregarComPoucaMemoria()
 #ifdef Q_OS_LINUX
     const TTagsRegistradas Tags{{"U", TRefNoXML::De<TTreeNodeXML>()}};
     TPreparaAtualizacao::AtribuirPastaDeErros(QStringLiteral("."));
-    TTreeViewXML Vista;
+    TVistaSemOperador Vista;
     Vista.AtribuirXML(TStringList(QStringList{Doc(U("A", "1"))}));
     if (!EsperarAtualizacoes())
         return EXIT_FAILURE;
