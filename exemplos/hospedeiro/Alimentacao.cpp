@@ -12,6 +12,8 @@
 #include <QStyle>
 #include <QWidget>
 
+#include <utility>
+
 namespace Hospedeiro
 {
 
@@ -81,7 +83,7 @@ bool TAlimentacao::Simular(const QString &Pasta)
 void TAlimentacao::AtribuirDocumento(const QString &Arquivo)
 {
     FDocumento = Arquivo;
-    if (FExercicio.Feitos() > 0)
+    if (Arquivo != std::exchange(FInicio, QString()))
         FExercicio.Parar();
 }
 
@@ -127,8 +129,10 @@ void TAlimentacao::PedirSimulacao(bool Ligar)
 void TAlimentacao::AbrirDocumentoDoExercicio(const QString &Pasta)
 {
     const QString Inicio = QFileInfo(Pasta).dir().filePath(QStringLiteral("ordem_de_batalha.xml"));
-    if (QFileInfo::exists(Inicio))
-        FFila.Abrir(Inicio);
+    if (!QFileInfo::exists(Inicio))
+        return;
+    FInicio = Inicio;
+    FFila.Abrir(Inicio);
 }
 
 void TAlimentacao::Mostrar()

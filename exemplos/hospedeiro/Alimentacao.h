@@ -55,6 +55,7 @@ private:
     TVigiaDePasta FVigia;
     TExercicio FExercicio;
     QString FDocumento;
+    QString FInicio; // the document that an exercise has opened for itself, until it has come
     QAction *FAcaoVigiar;
     QAction *FAcaoSimular;
 };

@@ -65,7 +65,7 @@ void AclararSelecao()
     Cores.setColor(QPalette::Highlight, QColor(Clara));
     Cores.setColor(QPalette::HighlightedText, Qt::black);
     QApplication::setPalette(Cores);
-    for (const char *Classe : {"QProgressBar", "QSlider", "QMenu", "QMenuBar", "QLineEdit"})
+    for (const char *Classe : {"QListView", "QProgressBar", "QSlider", "QMenu", "QMenuBar", "QLineEdit"})
         QApplication::setPalette(Normais, Classe);
 }
 

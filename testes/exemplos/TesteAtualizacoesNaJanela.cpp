@@ -215,7 +215,8 @@ void TesteAtualizacoesNaJanela::OExercicioInteiro()
 {
     TAlimentacao &Fontes = Painel().Alimentacao();
     Fontes.Exercicio().AtribuirPasso(5);
-    // Without a tree it opens the document that it begins with.
+    // Without a tree document it opens the one that it begins with, when what runs is over.
+    Painel().Atualizar(Gravar(QStringLiteral("antes.xml"), Unidades(3)));
     QVERIFY(Fontes.Simular(DaArvore(QStringLiteral("exercicio"))));
     QVERIFY(Fontes.AcaoSimular()->isChecked());
     QVERIFY(
@@ -223,7 +224,7 @@ void TesteAtualizacoesNaJanela::OExercicioInteiro()
     QCOMPARE(ListaDaArvore(Arvore()).split(u'\n'),
              QString::fromUtf8(BytesDe(DadoDeTeste(QStringLiteral("exemplos/arvore_exercitada.txt"))))
                  .split(u'\n'));
-    QCOMPARE(Painel().Registro().rowCount(), 61);
+    QCOMPARE(Painel().Registro().rowCount(), 62);
     QVERIFY(!Fontes.AcaoSimular()->isChecked());
     QCOMPARE(FJanela->statusBar()->currentMessage(), QStringLiteral("Exercício terminado: 60 documentos"));
     // By its command, beside the document that is open; and stopped.
@@ -232,6 +233,15 @@ void TesteAtualizacoesNaJanela::OExercicioInteiro()
     QVERIFY(Painel().Contagem().contains(QStringLiteral("exercício: ")));
     Fontes.AcaoSimular()->trigger();
     QVERIFY(!Fontes.Exercicio().Andando() && !Fontes.AcaoSimular()->isChecked());
+    QVERIFY(Esperar());
+    // It goes with its tree: another one ends it, also while it waits with its first document.
+    Painel().Atualizar(DaArvore(QStringLiteral("atualizacao1.xml")));
+    Fontes.AcaoSimular()->trigger();
+    QCOMPARE(Fontes.Exercicio().Feitos(), 0);
+    Painel().Abrir(Gravar(QStringLiteral("o.xml"), "<R><Brigada Nome='Outro'/></R>"));
+    QVERIFY(Esperar());
+    QVERIFY(!Fontes.Exercicio().Andando());
+    QCOMPARE(Arvore().Items().Count(), 1);
     QVERIFY(Esperar());
     QCOMPARE(FJanela->Erros, QStringList());
 }
