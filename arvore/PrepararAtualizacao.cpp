@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // An update's life on the GUI thread: start, progress, questions, end. What it does on its own thread is in
-// PrepararAtualizacaoThread.cpp.
+// PrepararAtualizacaoThread.cpp, PreparacaoDeOperacoes.cpp and RealizacaoDeOperacoes.cpp.
 #include "arvore/PrepararAtualizacao.h"
 
+#include "arvore/FalhaDeAtualizacao.h"
 #include "arvore/FilaDeAtualizacoes.h"
 #include "arvore/TextosXML.h"
 #include "arvore/TreeViewXML.h"
@@ -278,7 +279,7 @@ void TPreparaAtualizacao::FicarSemThread()
     if (FArvore != nullptr) {
         FFalhas.push_back({QStringLiteral("O sistema não criou a thread da atualização."), {}, 0, 0, {}, {}});
         FArvore->DocumentosNaoGravados.append(FXML);
-        FEtapa = QStringLiteral("XML em formato inválido!");
+        FEtapa = XMLInvalido();
         FTotal = 0;
         Contar(0);
     }

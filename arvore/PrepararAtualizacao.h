@@ -160,8 +160,15 @@ private:
     void EntregarPassos();
     void Entregar(TPedido Pedido);
     void VerificarCancelamento() const;
+    /// Hands the view to `F`, or ends the update when it has gone; the view stays meanwhile.
     template <class Fazer>
-    void ComVista(Fazer &&F);
+    void ComVista(Fazer &&F)
+    {
+        const std::lock_guard Guarda(FTravaDaVista);
+        if (FArvore == nullptr)
+            throw TCancelado();
+        F(*FArvore);
+    }
     bool PrepararAtualizacao();
     bool PrepararTudo();
     bool PrepararTratamento(TAtualizacao *AtualizacaoPai, TTreeNode *NoPai, const TCursorXML &NoXML);

@@ -23,7 +23,8 @@ foreach(componente IN LISTS componentes)
     install(FILES "${PROJECT_BINARY_DIR}/debian/changelog.Debian.gz" DESTINATION "${pasta}" COMPONENT ${componente})
   endif()
 endforeach()
-install(DIRECTORY docs/guia DESTINATION "${CMAKE_INSTALL_DATAROOTDIR}/doc/${SIBREL_PACOTE_desenvolvimento}"
+# The guide shows pictures of the folder beside it.
+install(DIRECTORY docs/guia docs/imagens DESTINATION "${CMAKE_INSTALL_DATAROOTDIR}/doc/${SIBREL_PACOTE_desenvolvimento}"
   COMPONENT desenvolvimento)
 
 set(CPACK_PACKAGE_NAME sibrel)
@@ -53,7 +54,8 @@ set(CPACK_DEBIAN_BIBLIOTECA_PACKAGE_SUGGESTS libqt6sql6-psql)
 file(CONFIGURE OUTPUT "${PROJECT_BINARY_DIR}/debian/shlibs" @ONLY CONTENT
   "libSibrel @PROJECT_VERSION_MAJOR@ @SIBREL_PACOTE_biblioteca@ (= @PROJECT_VERSION@-@CPACK_DEBIAN_PACKAGE_RELEASE@)\n")
 set(CPACK_DEBIAN_BIBLIOTECA_PACKAGE_CONTROL_EXTRA "${PROJECT_SOURCE_DIR}/cmake/debian/postinst"
-  "${PROJECT_SOURCE_DIR}/cmake/debian/postrm" "${PROJECT_BINARY_DIR}/debian/shlibs")
+  "${PROJECT_SOURCE_DIR}/cmake/debian/postrm" "${PROJECT_SOURCE_DIR}/cmake/debian/triggers"
+  "${PROJECT_BINARY_DIR}/debian/shlibs")
 set(CPACK_DEBIAN_BIBLIOTECA_DESCRIPTION
   "components for tactical symbols and XML object trees\n\
 Symbol tables, vector figures and tree views described in XML documents, for\n\

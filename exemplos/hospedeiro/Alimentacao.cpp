@@ -9,6 +9,8 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QStyle>
+#include <QWidget>
 
 namespace Hospedeiro
 {
@@ -38,9 +40,11 @@ TAlimentacao::TAlimentacao(TFilaDeDocumentos &Fila, QWidget *Janela)
 
 void TAlimentacao::MontarAcoes()
 {
+    FAcaoVigiar->setIcon(FJanela->style()->standardIcon(QStyle::SP_DirOpenIcon));
     FAcaoVigiar->setCheckable(true);
     FAcaoVigiar->setToolTip(tr("Atualiza a árvore com cada documento novo de uma pasta, na ordem dos nomes"));
     connect(FAcaoVigiar, &QAction::triggered, this, &TAlimentacao::PedirVigia);
+    FAcaoSimular->setIcon(FJanela->style()->standardIcon(QStyle::SP_MediaPlay));
     FAcaoSimular->setCheckable(true);
     FAcaoSimular->setToolTip(tr("Atualiza a árvore uma vez por segundo com os documentos do exercício"));
     connect(FAcaoSimular, &QAction::triggered, this, &TAlimentacao::PedirSimulacao);

@@ -29,14 +29,8 @@ struct TAndamento {
     }
 };
 
-// `Origem`: where the document comes from, with its name in angle brackets.
-QString ComOrigem(const QString &Detalhe, const QString &Origem)
-{
-    return Detalhe.isEmpty() ? Origem + u'.' : Origem + QStringLiteral(":\n") + Detalhe;
-}
-
 template <class F>
-int Aplicar(TArvoreDoHospedeiro &Arvore, const QString &Origem, const F &Iniciar)
+int Aplicar(TArvoreDoHospedeiro &Arvore, const QString &Tipo, const QString &Nome, const F &Iniciar)
 {
     TAndamento Andamento;
     const auto Ligacao = QObject::connect(
@@ -46,14 +40,15 @@ int Aplicar(TArvoreDoHospedeiro &Arvore, const QString &Origem, const F &Iniciar
         Iniciar();
     } catch (const Sibrel::Exception &E) {
         QObject::disconnect(Ligacao);
-        const bool ComNomeJa = E.Message.contains(Origem.sliced(Origem.indexOf(u'<')));
-        throw Sibrel::Exception(E.Message, ComNomeJa ? E.Detalhe : ComOrigem(E.Detalhe, Origem));
+        throw Sibrel::Exception(E.Message, DetalheDaOrigem(E, Tipo, Nome));
     }
     while (!Arvore.Atualizacoes().empty())
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     QObject::disconnect(Ligacao);
-    if (Andamento.Etapa != u"Terminado")
-        throw Sibrel::Exception(Andamento.Etapa, ComOrigem(Andamento.Falhas, Origem));
+    if (Andamento.Etapa != u"Terminado") {
+        const Sibrel::Exception Falha(Andamento.Etapa, Andamento.Falhas);
+        throw Sibrel::Exception(Andamento.Etapa, DetalheDaOrigem(Falha, Tipo, Nome));
+    }
     return Andamento.Operacoes;
 }
 
@@ -61,13 +56,12 @@ int Aplicar(TArvoreDoHospedeiro &Arvore, const QString &Origem, const F &Iniciar
 
 int AplicarDocumento(TArvoreDoHospedeiro &Arvore, const QString &Arquivo)
 {
-    return Aplicar(Arvore, QStringLiteral("Arquivo <%1>").arg(Arquivo), [&] { Arvore.Ler(Arquivo, true); });
+    return Aplicar(Arvore, QStringLiteral("Arquivo"), Arquivo, [&] { Arvore.Ler(Arquivo, true); });
 }
 
 int AplicarBanco(TArvoreDoHospedeiro &Arvore, TBancoDoExercicio &Banco)
 {
-    return Aplicar(Arvore, QStringLiteral("Banco <%1>").arg(Banco.Nome()),
-                   [&] { Banco.CarregarUnidades(Arvore); });
+    return Aplicar(Arvore, QStringLiteral("Banco"), Banco.Nome(), [&] { Banco.CarregarUnidades(Arvore); });
 }
 
 } // namespace Hospedeiro

@@ -5,9 +5,10 @@
 
 #include <QEvent>
 #include <QFontInfo>
+#include <QFontMetrics>
+#include <QKeyEvent>
 #include <QMenu>
-
-#include <algorithm>
+#include <QPainter>
 
 namespace Hospedeiro
 {
@@ -15,8 +16,9 @@ namespace Hospedeiro
 namespace
 {
 
-constexpr int MenorLinha = 20; // that symbols are told apart
-constexpr int Folga = 4;
+// Captions stand at the top of their rows, so it is the letters that make rows, and symbols, higher.
+constexpr int LetrasMaiores = 2;
+constexpr int Folga = 1;
 
 } // namespace
 
@@ -61,14 +63,33 @@ void TArvoreDoHospedeiro::changeEvent(QEvent *Evento)
         SeguirFonte();
 }
 
+// What a double click does with the mouse.
+void TArvoreDoHospedeiro::keyPressEvent(QKeyEvent *Evento)
+{
+    if (Evento->key() == Qt::Key_Return || Evento->key() == Qt::Key_Enter)
+        SeguirLink();
+    else
+        TTreeViewXMLBD::keyPressEvent(Evento);
+}
+
+void TArvoreDoHospedeiro::paintEvent(QPaintEvent *Evento)
+{
+    TTreeViewXMLBD::paintEvent(Evento);
+    if (Convite.isEmpty() || model()->rowCount() > 0)
+        return;
+    QPainter Pintor(viewport());
+    Pintor.setPen(Qt::darkGray);
+    Pintor.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, Convite);
+}
+
 void TArvoreDoHospedeiro::SeguirFonte()
 {
     const QFontInfo Dela(font());
     Sibrel::TFont Nova;
     Nova.AtribuirName(Dela.family());
-    Nova.AtribuirHeight(-Dela.pixelSize());
+    Nova.AtribuirHeight(-(Dela.pixelSize() + LetrasMaiores));
     AtribuirFonte(Nova);
-    AtribuirItemHeight(std::max(MenorLinha, fontMetrics().height() + Folga));
+    AtribuirItemHeight(QFontMetrics(Nova.ParaQFont()).height() + Folga);
 }
 
 } // namespace Hospedeiro

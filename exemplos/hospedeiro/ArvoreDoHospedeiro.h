@@ -22,6 +22,9 @@ public:
     /// Asked when an element fails: go on with the next one? Without it the update ends there.
     std::function<bool(const Sibrel::TFalhaDeAtualizacao &)> AoPerguntar;
 
+    /// Shown where a tree would be, while there is none.
+    QString Convite;
+
     /// Selects the target of the selected link, if there is one.
     void SeguirLink();
     /// Captions of the nodes from the top level down to the selected one; empty when none is selected.
@@ -32,6 +35,8 @@ public:
 protected:
     bool DesejaContinuar(const Sibrel::TFalhaDeAtualizacao &Falha) override;
     void changeEvent(QEvent *Evento) override;
+    void keyPressEvent(QKeyEvent *Evento) override;
+    void paintEvent(QPaintEvent *Evento) override;
 
 private:
     void SeguirFonte();

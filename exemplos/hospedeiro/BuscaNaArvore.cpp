@@ -121,10 +121,17 @@ void TBuscaNaArvore::Selecionar(Sibrel::TTreeNode *No)
 {
     if (FTexto->text().isEmpty())
         return;
-    if (No == nullptr)
+    if (No == nullptr) {
         Q_EMIT NadaAchado(FTexto->text());
-    else if (FArvore.Modelo().IndiceDe(No).isValid()) // else it is being made and has no row yet
-        FArvore.AtribuirSelected(No);
+        return;
+    }
+    const QModelIndex Indice = FArvore.Modelo().IndiceDe(No);
+    if (!Indice.isValid())
+        return; // it is being made and has no row yet
+    const bool Avista = FArvore.viewport()->rect().contains(FArvore.visualRect(Indice));
+    FArvore.AtribuirSelected(No);
+    if (!Avista) // with what stands around it
+        FArvore.scrollTo(Indice, QAbstractItemView::PositionAtCenter);
 }
 
 } // namespace Hospedeiro

@@ -4,6 +4,7 @@
 #include "hospedeiro/Campo.h"
 
 #include "arvore/TreeViewXML.h"
+#include "plataforma/Exception.h"
 
 #include <QStringList>
 
@@ -37,8 +38,7 @@ void DescreverNo(QString &Linha, const TTreeNodeXML &No)
 // The update's own last word says no more than that one of its elements failed.
 bool SoRepete(const TFalhaDeAtualizacao &Falha)
 {
-    return Falha.Caminho.isEmpty() && Falha.Detalhe.isEmpty() &&
-           Falha.Mensagem == u"XML em formato inválido!";
+    return Falha.Detalhe.isEmpty() && Falha.Mensagem == u"XML em formato inválido!";
 }
 
 QString TextoDaFalha(const TFalhaDeAtualizacao &Falha)
@@ -75,6 +75,15 @@ QString TextoDasFalhas(const std::vector<TFalhaDeAtualizacao> &Falhas)
         if (Linhas.isEmpty() || !SoRepete(Falha))
             Linhas += TextoDaFalha(Falha);
     return Linhas.join(u'\n');
+}
+
+QString DetalheDaOrigem(const Exception &Erro, const QString &Tipo, const QString &Nome)
+{
+    const QString EntreAngulos = QStringLiteral("<%1>").arg(Nome);
+    if (Erro.Message.contains(EntreAngulos) || Erro.Detalhe.contains(EntreAngulos))
+        return Erro.Detalhe;
+    return Tipo + u' ' + EntreAngulos +
+           (Erro.Detalhe.isEmpty() ? QStringLiteral(".") : QStringLiteral(":\n") + Erro.Detalhe);
 }
 
 } // namespace Hospedeiro

@@ -10,8 +10,9 @@
 
 namespace Sibrel
 {
+class Exception;
 class TTreeViewXML;
-}
+} // namespace Sibrel
 
 namespace Hospedeiro
 {
@@ -21,5 +22,9 @@ QString ListaDaArvore(const Sibrel::TTreeViewXML &Arvore);
 
 /// What failed in an update, one line each: place in the document, and cause.
 QString TextoDasFalhas(const std::vector<Sibrel::TFalhaDeAtualizacao> &Falhas);
+
+/// What there is to say about a file or database (`Tipo`, as the user is told) that was refused, beside the
+/// error's message: its name, unless the message says it, and the reason.
+QString DetalheDaOrigem(const Sibrel::Exception &Erro, const QString &Tipo, const QString &Nome);
 
 } // namespace Hospedeiro

@@ -2,6 +2,7 @@
 #include "hospedeiro/FilaDeDocumentos.h"
 
 #include "hospedeiro/ArvoreDoHospedeiro.h"
+#include "hospedeiro/DescricaoDaArvore.h"
 #include "hospedeiro/RegistroDeAtualizacoes.h"
 
 #include "plataforma/Exception.h"
@@ -12,6 +13,16 @@
 
 namespace Hospedeiro
 {
+
+namespace
+{
+
+QString TipoArquivo()
+{
+    return TFilaDeDocumentos::tr("Arquivo");
+}
+
+} // namespace
 
 TFilaDeDocumentos::TFilaDeDocumentos(TArvoreDoHospedeiro &Arvore, TRegistroDeAtualizacoes &Registro,
                                      QObject *Dono)
@@ -26,27 +37,27 @@ TFilaDeDocumentos::TFilaDeDocumentos(TArvoreDoHospedeiro &Arvore, TRegistroDeAtu
 
 void TFilaDeDocumentos::Abrir(const QString &Arquivo)
 {
+    FEsperando.clear();
     Cancelar();
-    FEsperando.push_back({Arquivo, true, true, {}});
+    FEsperando.push_back({TipoArquivo(), Arquivo, true, true, {}});
     Proximo();
 }
 
-void TFilaDeDocumentos::AbrirCom(const QString &Nome, std::function<void()> Carregar)
+void TFilaDeDocumentos::AbrirCom(const QString &Tipo, const QString &Nome, std::function<void()> Carregar)
 {
     Cancelar();
-    FEsperando.push_back({Nome, true, true, std::move(Carregar)});
+    FEsperando.push_back({Tipo, Nome, true, true, std::move(Carregar)});
     Proximo();
 }
 
 void TFilaDeDocumentos::Acrescentar(const QString &Arquivo, bool Avisar)
 {
-    FEsperando.push_back({Arquivo, false, Avisar, {}});
+    FEsperando.push_back({TipoArquivo(), Arquivo, false, Avisar, {}});
     Proximo();
 }
 
 void TFilaDeDocumentos::Cancelar()
 {
-    FEsperando.clear();
     for (Sibrel::TPreparaAtualizacao *A : FArvore.Atualizacoes())
         A->Cancelar();
 }
@@ -76,7 +87,7 @@ void TFilaDeDocumentos::Ler(const TDocumento &Documento)
     } catch (const Sibrel::Exception &E) {
         FRegistro.Recusar(E);
         if (Documento.Avisar)
-            Q_EMIT Recusado(E.Message, E.Detalhe);
+            Q_EMIT Recusado(E.Message, DetalheDaOrigem(E, Documento.Tipo, Documento.Arquivo));
         return;
     }
     // Only now that there is something to take their place; the update begins with the next event.

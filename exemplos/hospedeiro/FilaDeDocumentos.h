@@ -27,11 +27,12 @@ public:
     /// they are.
     void Abrir(const QString &Arquivo);
     /// The same for what is no file: `Carregar` gives the tree its document in place of all nodes, or raises
-    /// Sibrel::Exception and leaves them as they are. `Nome` stands for it in the log.
-    void AbrirCom(const QString &Nome, std::function<void()> Carregar);
+    /// Sibrel::Exception and leaves them as they are. `Tipo` and
+    /// `Nome` are what it is and is called for the user.
+    void AbrirCom(const QString &Tipo, const QString &Nome, std::function<void()> Carregar);
     /// Behind all that is on its way. `Avisar`: somebody waits for it and wants to know when it is refused.
     void Acrescentar(const QString &Arquivo, bool Avisar = true);
-    /// Ends what runs, and forgets what waits.
+    /// Ends what runs; what waits comes next.
     void Cancelar();
 
     /// Nothing runs and nothing waits.
@@ -46,6 +47,7 @@ Q_SIGNALS:
 
 private:
     struct TDocumento {
+        QString Tipo; // file, or what else it is
         QString Arquivo;
         bool EmLugarDeTudo;
         bool Avisar;

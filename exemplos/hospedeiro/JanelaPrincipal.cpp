@@ -83,6 +83,7 @@ TJanelaPrincipal::TJanelaPrincipal(QWidget *Dono)
     FPaginaDeSimbolos->AtribuirBiblioteca(FBiblioteca.get());
     FPainelDaArvore->AtribuirTabela(&FBiblioteca->Tabela());
     AcrescentarPagina(FPaginaDeSimbolos);
+    FPaginaDeSimbolos->AcrescentarAoMenu(FAvisos->toggleViewAction());
     AcrescentarPagina(FPainelDaArvore);
     AcrescentarPagina(FGaleria);
     connect(FPaginaDeSimbolos, &TPaginaDeSimbolos::SimboloAtivado, this,

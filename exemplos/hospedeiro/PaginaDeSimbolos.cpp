@@ -69,6 +69,11 @@ void TPaginaDeSimbolos::AtribuirTamanho(int Pixels)
     FTamanho->setValue(Pixels);
 }
 
+void TPaginaDeSimbolos::AcrescentarAoMenu(QAction *Acao)
+{
+    FMenu->addAction(Acao);
+}
+
 QString TPaginaDeSimbolos::Titulo() const
 {
     return tr("&Símbolos");
@@ -100,11 +105,12 @@ QString TPaginaDeSimbolos::Contagem() const
 
 void TPaginaDeSimbolos::MontarMenus(QMenuBar &Barra)
 {
-    QMenu *Menu = Barra.addMenu(tr("E&xibir"));
-    QAction *Maiores = Menu->addAction(tr("Símbolos &maiores"), this, [this] { Crescer(1); });
+    FMenu = Barra.addMenu(tr("E&xibir"));
+    QAction *Maiores = FMenu->addAction(tr("Símbolos &maiores"), this, [this] { Crescer(1); });
     Maiores->setShortcut(QKeySequence::ZoomIn);
-    QAction *Menores = Menu->addAction(tr("Símbolos m&enores"), this, [this] { Crescer(-1); });
+    QAction *Menores = FMenu->addAction(tr("Símbolos m&enores"), this, [this] { Crescer(-1); });
     Menores->setShortcut(QKeySequence::ZoomOut);
+    FMenu->addSeparator();
 }
 
 void TPaginaDeSimbolos::Localizar()

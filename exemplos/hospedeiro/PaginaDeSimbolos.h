@@ -5,6 +5,7 @@
 #include "hospedeiro/Pagina.h"
 
 class QLineEdit;
+class QMenu;
 class QSlider;
 class QToolBar;
 
@@ -28,6 +29,8 @@ public:
     TFolhaDeSimbolos &Folha() noexcept { return *FFolha; }
     /// Side of a symbol in logical pixels.
     void AtribuirTamanho(int Pixels);
+    /// Adds a command to the page's menu, behind its own.
+    void AcrescentarAoMenu(QAction *Acao);
 
     QString Titulo() const override;
     QString Arquivo() const override;
@@ -50,6 +53,7 @@ private:
     const TBiblioteca *FBiblioteca = nullptr;
     TModeloDeSimbolos FModelo;
     TFolhaDeSimbolos *FFolha;
+    QMenu *FMenu = nullptr;
     QSlider *FTamanho = nullptr;
     QLineEdit *FBusca = nullptr;
 };

@@ -21,6 +21,7 @@
 #include <QMessageBox>
 #include <QPointer>
 #include <QSplitter>
+#include <QStyle>
 #include <QToolBar>
 #include <QVBoxLayout>
 
@@ -48,13 +49,20 @@ TPainelDaArvore::TPainelDaArvore(QWidget *Dono)
     , FSemDados(FArvore->DataHora())
 {
     FArvore->AtribuirFrameDeInformacoes(&FFicha->Frame());
+    FArvore->Convite =
+        tr("Nenhum nó.\n\nAbra um documento de árvore com Ctrl+T ou arraste o arquivo para cá.");
     setFocusProxy(FArvore);
     MontarAcoes();
     MontarDisposicao();
     Ligar();
 }
 
-TPainelDaArvore::~TPainelDaArvore() = default;
+TPainelDaArvore::~TPainelDaArvore()
+{
+    // The tree goes when most of the page has gone, and has nothing to tell it any more.
+    disconnect(FArvore->selectionModel(), nullptr, this, nullptr);
+    disconnect(&FArvore->Modelo(), nullptr, this, nullptr);
+}
 
 void TPainelDaArvore::AtribuirTabela(Sibrel::TTabelaDeSimbolos *Tabela)
 {
@@ -69,7 +77,7 @@ void TPainelDaArvore::Abrir(const QString &Arquivo)
 void TPainelDaArvore::AbrirBanco(std::shared_ptr<TBancoDoExercicio> Banco, std::function<void()> AoCarregar)
 {
     const QString Nome = Banco->Nome();
-    FFila->AbrirCom(Nome, [this, Banco = std::move(Banco), AoCarregar = std::move(AoCarregar)] {
+    FFila->AbrirCom(tr("Banco"), Nome, [this, Banco = std::move(Banco), AoCarregar = std::move(AoCarregar)] {
         Banco->CarregarUnidades(*FArvore);
         FBanco = Banco;
         AoCarregar();
@@ -112,10 +120,11 @@ QString TPainelDaArvore::Contagem() const
 
 void TPainelDaArvore::MontarAcoes()
 {
-    FAbrir = new QAction(tr("&Abrir árvore..."), this);
+    FAbrir = new QAction(style()->standardIcon(QStyle::SP_DialogOpenButton), tr("&Abrir árvore..."), this);
     FAbrir->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_T));
     connect(FAbrir, &QAction::triggered, this, &TPainelDaArvore::PerguntarEAbrir);
-    FAtualizar = new QAction(tr("At&ualizar com documento..."), this);
+    FAtualizar =
+        new QAction(style()->standardIcon(QStyle::SP_BrowserReload), tr("At&ualizar com documento..."), this);
     FAtualizar->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_U));
     connect(FAtualizar, &QAction::triggered, this, &TPainelDaArvore::PerguntarEAtualizar);
 }
@@ -131,6 +140,8 @@ void TPainelDaArvore::MontarMenus(QMenuBar &Barra)
 void TPainelDaArvore::MontarDisposicao()
 {
     auto *Ferramentas = new QToolBar(tr("Ferramentas da árvore"), this);
+    Ferramentas->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    Ferramentas->setIconSize({16, 16});
     Ferramentas->addActions({FAbrir, FAtualizar});
     Ferramentas->addSeparator();
     Ferramentas->addActions({FAlimentacao->AcaoVigiar(), FAlimentacao->AcaoSimular()});

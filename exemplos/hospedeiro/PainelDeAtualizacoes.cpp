@@ -36,8 +36,10 @@ TPainelDeAtualizacoes::TPainelDeAtualizacoes(Sibrel::TTreeViewXML &Arvore, TRegi
                 if (Registro.Andando() == 0)
                     Descansar();
             });
-    // Also what ends before it tells of any progress.
-    connect(&Registro, &TRegistroDeAtualizacoes::Acabou, this, [this, &Registro] {
+    // Also what is refused before it gets anywhere.
+    connect(&Registro, &TRegistroDeAtualizacoes::Acabou, this, [this, &Registro](TDesfecho Desfecho) {
+        if (Desfecho == TDesfecho::Falhou)
+            FEtapa->setText(tr("Recusado"));
         if (Registro.Andando() == 0)
             Descansar();
     });
@@ -74,6 +76,7 @@ void TPainelDeAtualizacoes::MontarLista(TRegistroDeAtualizacoes &Registro)
     FLista->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
     QHeaderView *Cabecalho = FLista->horizontalHeader();
     Cabecalho->setHighlightSections(false);
+    Cabecalho->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     Cabecalho->setStretchLastSection(true);
     const auto Largura = [this](const char *Exemplo) {
         return fontMetrics().horizontalAdvance(QString::fromUtf8(Exemplo));

@@ -70,6 +70,11 @@ TVigiaDePasta::TArquivos TVigiaDePasta::Listar(const QString &Pasta) const
 
 void TVigiaDePasta::Olhar()
 {
+    // A folder of another machine may go and come back: what was known stays known.
+    if (!QFileInfo(FPasta).isDir())
+        return;
+    if (!FAvisos.directories().contains(FPasta))
+        FAvisos.addPath(FPasta);
     FArquivos = Listar(FPasta);
     QStringList Novos;
     bool Espera = false;

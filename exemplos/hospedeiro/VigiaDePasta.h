@@ -24,7 +24,7 @@ class TVigiaDePasta : public QObject
 
 public:
     /// Milliseconds without a change after which a file counts as written.
-    static constexpr int Sossego = 400;
+    static constexpr int Sossego = 300;
 
     explicit TVigiaDePasta(QObject *Dono = nullptr);
 

@@ -12,6 +12,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QPalette>
 #include <QStandardPaths>
 
 #include <cstdlib>
@@ -55,9 +56,23 @@ void EscolherPastaDeErros()
         Sibrel::TPreparaAtualizacao::AtribuirPastaDeErros(Pasta.path());
 }
 
+// Captions of trees keep their colours when they are selected: these are to be told from what is behind them.
+void AclararSelecao()
+{
+    constexpr QRgb Clara = 0xFFC4DEF6;
+    const QPalette Normais = QApplication::palette();
+    QPalette Cores = Normais;
+    Cores.setColor(QPalette::Highlight, QColor(Clara));
+    Cores.setColor(QPalette::HighlightedText, Qt::black);
+    QApplication::setPalette(Cores);
+    for (const char *Classe : {"QProgressBar", "QSlider", "QMenu", "QMenuBar", "QLineEdit"})
+        QApplication::setPalette(Normais, Classe);
+}
+
 int Mostrar(const Hospedeiro::TPedido &Pedido)
 {
     EscolherPastaDeErros();
+    AclararSelecao();
     Hospedeiro::TJanelaPrincipal Janela;
     Janela.AtribuirTamanho(Pedido.Tamanho);
     Janela.show();

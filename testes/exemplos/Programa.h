@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The example host run as a program, by the tests of its command line.
+// The example host as a program of its own, run as from a shell.
 #pragma once
 
-#include <QProcess>
-#include <QProcessEnvironment>
 #include <QString>
 #include <QStringList>
 
@@ -16,23 +14,7 @@ struct TResultado {
     int Codigo = -1;
 };
 
-/// Runs `Programa` in a folder, as on a machine without a display; text in UTF-8. Code -1 when it did not end
-/// by itself.
-inline TResultado RodarPrograma(const QString &Programa, const QString &Pasta, const QStringList &Argumentos)
-{
-    QProcess Processo;
-    QProcessEnvironment Ambiente = QProcessEnvironment::systemEnvironment();
-    // Without a runtime folder of its own Qt would speak up among the errors.
-    for (const char *Nome : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "QT_STYLE_OVERRIDE"})
-        Ambiente.remove(QLatin1String(Nome));
-    Ambiente.insert(QStringLiteral("XDG_RUNTIME_DIR"), Pasta);
-    Processo.setProcessEnvironment(Ambiente);
-    Processo.setWorkingDirectory(Pasta);
-    Processo.start(Programa, Argumentos);
-    if (!Processo.waitForFinished(120000) || Processo.exitStatus() != QProcess::NormalExit)
-        return {{}, QStringLiteral("o programa não terminou bem: ") + Processo.errorString(), -1};
-    return {QString::fromUtf8(Processo.readAllStandardOutput()),
-            QString::fromUtf8(Processo.readAllStandardError()), Processo.exitCode()};
-}
+/// Runs it, or a copy of it, in a folder, which is also its user's, without a display; waits for its end.
+TResultado RodarPrograma(const QString &Pasta, const QStringList &Argumentos, const QString &Copia = {});
 
 } // namespace Sibrel::Testes

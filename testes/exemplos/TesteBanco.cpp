@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // The example host on databases: its window, and the program itself, on a file and on a server.
-#include "Programa.h"
 #include "arvore/ComumArvore.h"
 #include "comum/Bancos.h"
 #include "comum/Dados.h"
+#include "exemplos/Programa.h"
 #include "hospedeiro/ArvoreDoHospedeiro.h"
 #include "hospedeiro/BancoDoExercicio.h"
 #include "hospedeiro/Galeria.h"
@@ -350,7 +350,7 @@ void TesteBanco::OMenuPerguntaPeloArquivo()
 
 TResultado TesteBanco::Rodar(const QStringList &Argumentos) const
 {
-    return RodarPrograma(QStringLiteral(SIBREL_HOSPEDEIRO), FPasta->path(), Argumentos);
+    return RodarPrograma(FPasta->path(), Argumentos);
 }
 
 void TesteBanco::OProgramaDesenhaEExporta()
@@ -487,8 +487,8 @@ void TesteBanco::SemODriverOProgramaDizQual()
     QVERIFY(QFile::copy(QStringLiteral(SIBREL_HOSPEDEIRO), Programa));
     const auto Recusa = [&](const QString &Onde, const QString &Driver) {
         const TResultado R = RodarPrograma(
-            Programa, Pasta.path(),
-            {QStringLiteral("--banco"), Onde, QStringLiteral("--folha"), QStringLiteral("f.png")});
+            Pasta.path(),
+            {QStringLiteral("--banco"), Onde, QStringLiteral("--folha"), QStringLiteral("f.png")}, Programa);
         QVERIFY2(R.Erros.endsWith(
                      QStringLiteral("O driver de banco de dados <%1> não está instalado!\n").arg(Driver)),
                  qPrintable(R.Erros));

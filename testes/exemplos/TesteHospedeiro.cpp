@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // The example host as a user of the command line meets it: the program itself is run.
-#include "Programa.h"
 #include "comum/Dados.h"
+#include "exemplos/Programa.h"
 
 #include <QDir>
 #include <QImage>
@@ -49,7 +49,10 @@ private Q_SLOTS:
     void SemTelaAJanelaERecusada();
 
 private:
-    TResultado Rodar(const QStringList &Argumentos) const;
+    TResultado Rodar(const QStringList &Argumentos) const
+    {
+        return RodarPrograma(FPasta->path(), Argumentos);
+    }
     TResultado RodarComBiblioteca(const QByteArray &Conteudo, const QStringList &Argumentos) const;
     QString NaPasta(const QString &Nome) const { return FPasta->filePath(Nome); }
 
@@ -62,11 +65,6 @@ void TesteHospedeiro::init()
     QVERIFY(QDir(FPasta->path()).mkdir(QStringLiteral("fontes")));
     QVERIFY(QFile::copy(DadoDeExemplo(QStringLiteral("fontes/SibrelSimbolos.ttf")),
                         NaPasta(QStringLiteral("fontes/SibrelSimbolos.ttf"))));
-}
-
-TResultado TesteHospedeiro::Rodar(const QStringList &Argumentos) const
-{
-    return RodarPrograma(QStringLiteral(SIBREL_HOSPEDEIRO), FPasta->path(), Argumentos);
 }
 
 TResultado TesteHospedeiro::RodarComBiblioteca(const QByteArray &Conteudo,
@@ -366,6 +364,12 @@ void TesteHospedeiro::ErrosDeUso_data()
     DeUso("folha sem biblioteca", "--folha f.png", QStringLiteral("Falta a opção --biblioteca ou --banco!"));
     DeUso("folha de figura", "--figura f.xml --folha f.png",
           QStringLiteral("Falta a opção --biblioteca ou --banco!"));
+    DeUso("atualizacao sem arvore", "--biblioteca b --atualizar a.xml --listar",
+          QStringLiteral("Falta a opção --arvore ou --banco!"));
+    DeUso("arvore e figura", "--arvore a --figura f --listar",
+          QStringLiteral("As opções --arvore e --figura não vão juntas!"));
+    DeUso("vigia sem janela", "--arvore a --vigiar p --listar",
+          QStringLiteral("A opção --vigiar precisa da janela!"));
     DeUso("captura sem figura", "--captura f.png",
           QStringLiteral("Falta a opção --figura, --arvore ou --banco!"));
     DeUso("os dois", "--biblioteca b --figura f --listar",

@@ -40,6 +40,11 @@ QString Dado(const QString &Nome)
     return QDir(QStringLiteral(SIBREL_PASTA_DO_GUIA)).filePath(Nome);
 }
 
+QString PastaDosPlugins()
+{
+    return QStringLiteral(SIBREL_PASTA_DE_PLUGINS);
+}
+
 QString PastaDoTrecho()
 {
     return Pasta->path();

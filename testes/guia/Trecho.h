@@ -27,6 +27,8 @@ struct TInscricao {
 
 /// An example file of the guide, below docs/guia.
 QString Dado(const QString &Nome);
+/// The folder that the form editor's plugin was built in.
+QString PastaDosPlugins();
 /// An existing folder of the running piece's own; empty when it begins.
 QString PastaDoTrecho();
 /// Runs the event loop until no update is on the way.

@@ -1,7 +1,6 @@
 # SPDX-License-Identifier: LGPL-2.1-or-later
-# What the tests of an installed Sibrel share. They are given: FONTES (the consumer), COMPILADOR, SINALIZADORES, FONTE
-# (a font file), PASTA (a scratch folder),
-# DESIGNER (is the form editor's plugin built?).
+# What the tests of an installed Sibrel share. They are given: FONTES (the consumer), COMPILADOR, SINALIZADORES, CCACHE
+# (or nothing), FONTE (a font file), PASTA (a scratch folder), DESIGNER (is the form editor's plugin built?).
 
 function(executar)
   execute_process(COMMAND ${ARGN} RESULT_VARIABLE resultado)
@@ -12,6 +11,9 @@ endfunction()
 
 # Configures a project against the prefix and builds it.
 function(construir_contra prefixo fontes construcao)
+  if(CCACHE)
+    list(APPEND ARGN "-DCMAKE_CXX_COMPILER_LAUNCHER=${CCACHE}")
+  endif()
   executar("${CMAKE_COMMAND}" -S "${fontes}" -B "${construcao}" -G Ninja "-DCMAKE_PREFIX_PATH=${prefixo}"
     "-DCMAKE_CXX_COMPILER=${COMPILADOR}" "-DCMAKE_CXX_FLAGS=${SINALIZADORES}" ${ARGN})
   executar("${CMAKE_COMMAND}" --build "${construcao}")

@@ -28,7 +28,7 @@ public:
     bool AtribuirNoXML(const IXMLNode &No) override
     {
         if (No.Attribute(u"Situação") == u"Fora de ação")
-            return false; // rejects the element: no node is made
+            return false; // rejects the element
         ComClasse::AtribuirNoXML(No);
         AtribuirText(Text().toUpper());
         return true;

@@ -26,6 +26,20 @@ struct TTag {
     TTag &operator=(const TTag &) = delete;
 };
 
+// Fails where operations are carried out, not where its caption is asked for.
+class TNoQueFalha : public ComClasse<TNoQueFalha, TTreeNodeXML>
+{
+public:
+    static constexpr const char *NomeDaClasse = "TNoQueFalha";
+    using ComClasse::ComClasse;
+    bool AtribuirNoXML(const IXMLNode &No) override
+    {
+        if (NaArvore())
+            throw Exception(QStringLiteral("Nó recusado!"));
+        return ComClasse::AtribuirNoXML(No);
+    }
+};
+
 //! [sem_operador]
 // For a host without operators: an element that fails is left out, the update goes on.
 class TArvoreSemOperador : public TTreeViewXML
@@ -205,6 +219,21 @@ TRECHO(SemOperador)
     EsperarAtualizacoes();
     EXIGIR(Arvore.Nos().Count() == 1);
     EXIGIR(Arvore.Recusados == QStringList{QStringLiteral("linha 2, Exercicio/Unidade: Unidade recusada!")});
+}
+
+TRECHO(NinguemEPerguntadoAoRealizar)
+{
+    TTreeViewXML::RegistrarClasse(QStringLiteral("Unidade"), TRefNoXML::De<TNoQueFalha>());
+    TPreparaAtualizacao::AtribuirPastaDeErros(PastaDoTrecho());
+    TArvoreSemOperador Arvore;
+    QString Ultima;
+    Arvore.OnProgresso = [&](TTreeViewXML &, TPreparaAtualizacao &A) { Ultima = A.Etapa(); };
+    Arvore.Atualizar(DocumentoComFalha());
+    EsperarAtualizacoes();
+    TPreparaAtualizacao::AtribuirPastaDeErros({});
+    TTreeViewXML::RemoverRegistroClasse(QStringLiteral("Unidade"));
+    EXIGIR(Arvore.Recusados.isEmpty());
+    EXIGIR(Ultima == u"XML em formato inválido!");
 }
 
 TRECHO(NaoEDocumento)
