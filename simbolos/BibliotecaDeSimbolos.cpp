@@ -90,11 +90,15 @@ void TTabelaDeSimbolos::LerRegistro(TArquivoDeLeitura &Arquivo)
     if (!TListaSimbolo::ObterTratadorDeSimbolo(Tipo, ClasseDoTratador, ClasseDoSimbolo) ||
         !ClasseDoTratador || !ClasseDoSimbolo)
         throw EInvalidOperation(NaoRegistrado(Tipo), Arquivo.Onde(Linha));
-    std::unique_ptr<ISimbolo> Simbolo = ClasseDoSimbolo.Criar();
-    const std::unique_ptr<TTratadorDeSimbolo> Tratador = ClasseDoTratador.Criar(this);
-    if (!Simbolo || !Tratador)
-        throw EInvalidOperation(QStringLiteral("O tipo de Símbolo <%1> não é suportado!").arg(Tipo),
-                                Arquivo.Onde(Linha));
+    std::unique_ptr<ISimbolo> Simbolo;
+    std::unique_ptr<TTratadorDeSimbolo> Tratador;
+    try {
+        Simbolo = TTratadorDeSimbolo::NovoSimbolo(ClasseDoSimbolo, Tipo);
+        Tratador = TTratadorDeSimbolo::Novo(ClasseDoTratador, this, Tipo);
+    } catch (Exception &E) {
+        E.AcrescentarDetalhe(Arquivo.Onde(Linha));
+        throw;
+    }
     FRotulos.Add(LerRotulo(Arquivo));
     Tratador->Ler(Arquivo, *Simbolo);
     FSimbolos->Add(std::move(Simbolo));
@@ -136,10 +140,11 @@ void TTabelaDeSimbolos::GravarRegistros(TArquivoDeGravacao &Arquivo)
         if (Simbolo == nullptr ||
             !TListaSimbolo::ObterTratadorDeSimbolo(Simbolo->ObterClasse(), Tipo, Tratador) || !Tratador)
             throw EInvalidOperation(NaoRegistrado(Tipo), QStringLiteral("Símbolo %1.").arg(I));
+        const std::unique_ptr<TTratadorDeSimbolo> Escritor = TTratadorDeSimbolo::Novo(Tratador, this, Tipo);
         const QString Rotulo = FRotulos.Linha(I);
         Arquivo.Escrever(AEsquerda(Tipo, ColunasDoTipo) + u' ' +
                          AEsquerda(EntreAspas(Rotulo), ColunasDoRotulo));
-        Tratador.Criar(this)->Gravar(Arquivo, *Simbolo);
+        Escritor->Gravar(Arquivo, *Simbolo);
     }
 }
 

@@ -7,6 +7,7 @@
 #include "simbolos/RegistroDeTratadores.h"
 #include "simbolos/Simbolo.h"
 
+#include <memory>
 #include <type_traits>
 
 namespace Sibrel
@@ -28,6 +29,13 @@ public:
     TTratadorDeSimbolo &operator=(const TTratadorDeSimbolo &) = delete;
 
     virtual RefDeClasse ObterClasse() const = 0;
+
+    /// A handler of the class for one record of the kind `Tipo`. EInvalidOperation, which names the kind, for
+    /// a class of which there can be no objects.
+    static std::unique_ptr<TTratadorDeSimbolo> Novo(const TRefTratador &Classe, TTabelaDeSimbolos *Tabela,
+                                                    const QString &Tipo);
+    /// The same for a symbol of that kind.
+    static std::unique_ptr<ISimbolo> NovoSimbolo(const TRefSimbolo &Classe, const QString &Tipo);
 
     /// Reads the rest of a record into the symbol, which is of the kind that this handler was registered
     /// with.

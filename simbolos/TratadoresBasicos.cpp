@@ -89,8 +89,9 @@ void TTratadorDeSimboloComposto::Gravar(TArquivoDeGravacao &Arquivo, const ISimb
         if (!Parte || !TListaSimbolo::ObterTratadorDeSimbolo(Parte->ObterClasse(), Tipo, Tratador) ||
             !Tratador)
             continue;
+        const std::unique_ptr<TTratadorDeSimbolo> Escritor = Novo(Tratador, Tabela, Tipo);
         Arquivo.Escrever(AEsquerda(Tipo, ColunasDoTipo) + u' ');
-        Tratador.Criar(Tabela)->Gravar(Arquivo, *Parte);
+        Escritor->Gravar(Arquivo, *Parte);
     }
 }
 
@@ -115,8 +116,8 @@ void TTratadorDeSimboloComposto::Ler(TArquivoDeLeitura &Arquivo, ISimbolo &Simbo
                 return; // nothing is consumed at a line's end: every further part would find the same
             continue;
         }
-        std::unique_ptr<ISimbolo> Parte = Classe.Criar();
-        Tratador.Criar(Tabela)->Ler(Arquivo, *Parte);
+        std::unique_ptr<ISimbolo> Parte = NovoSimbolo(Classe, Tipo);
+        Novo(Tratador, Tabela, Tipo)->Ler(Arquivo, *Parte);
         Composto.Lista.Add(std::move(Parte));
     }
 }

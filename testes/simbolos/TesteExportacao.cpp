@@ -5,6 +5,7 @@
 #include "simbolos/ArquivosDeTeste.h"
 #include "simbolos/SimbolosDeTeste.h"
 #include "simbolos/TabelaDeSimbolos.h"
+#include "simbolos/TratadorDeSimbolo.h"
 
 #include <QScopeGuard>
 #include <QTest>
@@ -47,6 +48,14 @@ struct TCaso {
 const QString Wingdings = QStringLiteral("Wingdings");
 const QString Arial = QStringLiteral("Arial");
 
+class TTratadorSemFabrica : public ComClasse<TTratadorSemFabrica, TTratadorDeSimbolo>
+{
+public:
+    static constexpr const char *NomeDaClasse = "TTratadorSemFabrica";
+    using ComClasse::ComClasse;
+    void Ler(TArquivoDeLeitura &, ISimbolo &) override = 0;
+};
+
 } // namespace
 
 class TesteExportacao : public QObject
@@ -70,6 +79,7 @@ private Q_SLOTS:
     void ParaOArquivoQueUmNomeDeWindowsDiz();
 
     void ClasseNaoRegistradaNoComeco();
+    void TratadorSemObjeto();
     void ClasseNaoRegistradaDepoisDeOutrasDizOTipoAnterior();
     void RotulosDeMenos();
     void TextoForaDaPaginaNaoTocaNoArquivo_data();
@@ -236,6 +246,24 @@ void TesteExportacao::ClasseNaoRegistradaNoComeco()
     QCOMPARE(Erro.Message, QStringLiteral("O Tratador de Símbolo para o tipo <> não foi registrado!"));
     QCOMPARE(BytesDe(C.Arquivo), QByteArray("    1\r\n"));
     QCOMPARE(C.Tabela.NomeArquivo, C.Arquivo);
+}
+
+void TesteExportacao::TratadorSemObjeto()
+{
+    TListaSimbolo::RegistrarTratadorDeSimbolo(QStringLiteral("Abstrato"),
+                                              TRefTratador::De<TTratadorSemFabrica>(),
+                                              TRefSimbolo::De<TSimboloDoHospedeiro>());
+    for (const bool DentroDeComposto : {false, true}) {
+        TCaso C;
+        auto Simbolo = std::make_unique<TSimboloDoHospedeiro>();
+        if (DentroDeComposto)
+            C.Acrescentar(QStringLiteral("a"), Composto(std::move(Simbolo)));
+        else
+            C.Acrescentar(QStringLiteral("a"), std::move(Simbolo));
+        const auto Erro = ErroDe<EInvalidOperation>([&] { C.Tabela.Exportar(C.Arquivo); });
+        QCOMPARE(Erro.Message, QStringLiteral("O tipo de Símbolo <Abstrato> não é suportado!"));
+    }
+    TListaSimbolo::RemoverRegistroTratadorDeSimbolo(QStringLiteral("Abstrato"));
 }
 
 void TesteExportacao::ClasseNaoRegistradaDepoisDeOutrasDizOTipoAnterior()

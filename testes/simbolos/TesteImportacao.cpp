@@ -449,11 +449,20 @@ void TesteImportacao::TipoSemObjeto()
     TListaSimbolo::RegistrarTratadorDeSimbolo(QStringLiteral("Abstrato"),
                                               TRefTratador::De<TTratadorDeSimboloFonte>(),
                                               TRefSimbolo::De<TSimboloSemFabrica>());
-    TCaso C;
-    const auto Erro = C.Falhar<EInvalidOperation>("1\r\nabstrato   \"b\" 1 2 3\r\n");
+    {
+        TCaso C;
+        const auto Erro = C.Falhar<EInvalidOperation>("1\r\nabstrato   \"b\" 1 2 3\r\n");
+        QCOMPARE(Erro.Message, QStringLiteral("O tipo de Símbolo <abstrato> não é suportado!"));
+        QCOMPARE(Erro.Detalhe, QStringLiteral("Arquivo <%1>, linha 2.").arg(C.Tabela.NomeArquivo));
+        VERIFICAR_O_QUE_FICA(C, QStringList{}, 0);
+    }
+    {
+        TCaso C;
+        const auto Erro = C.Falhar<EInvalidOperation>("1\r\nComposto   \"b\" 1\r\nabstrato   1 2 3\r\n");
+        QCOMPARE(Erro.Message, QStringLiteral("O tipo de Símbolo <abstrato> não é suportado!"));
+        VERIFICAR_O_QUE_FICA(C, QStringList{"b"}, 0);
+    }
     TListaSimbolo::RemoverRegistroTratadorDeSimbolo(QStringLiteral("Abstrato"));
-    QCOMPARE(Erro.Message, QStringLiteral("O tipo de Símbolo <abstrato> não é suportado!"));
-    VERIFICAR_O_QUE_FICA(C, QStringList{}, 0);
 }
 
 void TesteImportacao::NumeroMalFormado_data()
