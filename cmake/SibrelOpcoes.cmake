@@ -36,8 +36,8 @@ function(sibrel_camada camada)
   target_sources(Sibrel PUBLIC FILE_SET HEADERS BASE_DIRS "${PROJECT_SOURCE_DIR}" FILES ${cabecalhos})
 endfunction()
 
-# sibrel_precompilar(<target> <header>...): what Qt costs every source, paid once. Only where it was asked for: without
-# it every source proves that it includes what it needs.
+# sibrel_precompilar(<target> <header>...): what Qt costs every source, paid once. Lint and the presets clang and release
+# do without it, which proves that every source includes what it needs.
 option(SIBREL_PRECOMPILAR "Precompile the headers that most sources include" OFF)
 function(sibrel_precompilar alvo)
   if(SIBREL_PRECOMPILAR)
