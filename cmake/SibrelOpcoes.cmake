@@ -2,6 +2,8 @@
 # Flags of this project's own code. They stay private: a project that uses Sibrel is not held to them.
 # Left out of an export by $<BUILD_INTERFACE>, since the installed package has no need of it.
 add_library(sibrel_opcoes_impl INTERFACE)
+# Messages name their source: by its place in the sources, not by where those happen to stand.
+target_compile_options(sibrel_opcoes_impl INTERFACE "-fmacro-prefix-map=${PROJECT_SOURCE_DIR}/=")
 target_compile_options(sibrel_opcoes_impl INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor -Woverloaded-virtual
   -Wcast-align -Wunused -Wnull-dereference -Wdouble-promotion -Wformat=2

@@ -45,6 +45,11 @@ std::span<const std::string_view> ModulosContidos() noexcept
     return Contidos;
 }
 
+QIcon IconeDoPacote()
+{
+    return QIcon(QStringLiteral(":/sibrel/MAINICON.png"));
+}
+
 std::string_view VersaoDoPacote() noexcept
 {
     return SIBREL_VERSAO;

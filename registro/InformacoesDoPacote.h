@@ -4,6 +4,8 @@
 
 #include "plataforma/Exportacao.h"
 
+#include <QIcon>
+
 #include <span>
 #include <string_view>
 
@@ -24,6 +26,8 @@ SIBREL_EXPORT std::span<const TPacoteRequerido> PacotesRequeridos() noexcept;
 /// The modules that the package contains, in the order of the package information (not that in which they
 /// start).
 SIBREL_EXPORT std::span<const std::string_view> ModulosContidos() noexcept;
+/// The package's icon, 64 pixels square; a host may show it as its own. Needs a QGuiApplication.
+SIBREL_EXPORT QIcon IconeDoPacote();
 /// "major.minor.patch".
 SIBREL_EXPORT std::string_view VersaoDoPacote() noexcept;
 

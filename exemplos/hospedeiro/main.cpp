@@ -9,6 +9,7 @@
 #include "hospedeiro/Tradutor.h"
 
 #include "plataforma/Exception.h"
+#include "registro/InformacoesDoPacote.h"
 
 #include <QApplication>
 #include <QDir>
@@ -73,6 +74,7 @@ int Mostrar(const Hospedeiro::TPedido &Pedido)
 {
     EscolherPastaDeErros();
     AclararSelecao();
+    QApplication::setWindowIcon(Sibrel::IconeDoPacote());
     Hospedeiro::TJanelaPrincipal Janela;
     Janela.AtribuirTamanho(Pedido.Tamanho);
     Janela.show();

@@ -22,6 +22,7 @@ private Q_SLOTS:
     void OsPacotesRequeridosNaOrdem();
     void OsModulosContidosNaOrdem();
     void AVersao();
+    void OIcone();
     void SoOsCincoSeRegistram();
     void OsModulosComecamNaOrdem();
     void CadaModuloComecaUmaVez();
@@ -64,6 +65,15 @@ void TestePacote::AVersao()
         Parte.toInt(&Numero);
         QVERIFY2(Numero, Versao.constData());
     }
+}
+
+void TestePacote::OIcone()
+{
+    const QIcon Icone = IconeDoPacote();
+    QCOMPARE(Icone.availableSizes(), QList<QSize>{QSize(64, 64)});
+    const QImage Imagem = Icone.pixmap(64).toImage();
+    QCOMPARE(Imagem.pixelColor(0, 0).alpha(), 0);
+    QCOMPARE(Imagem.pixelColor(11, 10), QColor(0, 0, 160));
 }
 
 void TestePacote::SoOsCincoSeRegistram()

@@ -1,8 +1,10 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: LGPL-2.1-or-later
-"""Draws the palette pictures, 24 x 24 in 16 colours, from the letters below. Run from the root of the repository."""
+"""Draws the palette pictures, 24 x 24 in 16 colours, from the letters below, and the package's icon, 64 x 64. Run from
+the root of the repository."""
 import pathlib
 import struct
+import zlib
 
 LADO = 24
 CORES = {  # letter: index and colour; index order is that of the file
@@ -95,8 +97,48 @@ def combo():
     return q
 
 
+def icone() -> bytes:
+    """A unit above the two that belong to it: symbol and tree. PNG, transparent around."""
+    lado = 64
+    nada, preto, azul, agua, cinza = (0, 0, 0, 0), (0, 0, 0, 255), (0, 0, 160, 255), (160, 216, 255, 255), (96, 96, 96, 255)
+    pixels = [[nada] * lado for _ in range(lado)]
+
+    def caixa(x0, y0, x1, y1, cor):
+        for y in range(y0, y1):
+            for x in range(x0, x1):
+                pixels[y][x] = cor
+
+    def unidade(x, y, largura, altura, traco):
+        caixa(x, y, x + largura, y + altura, azul)
+        caixa(x + traco, y + traco, x + largura - traco, y + altura - traco, agua)
+        for i in range(largura):
+            j = i * (altura - 1) // (largura - 1)
+            for t in range(traco):
+                k = min(max(i + t - traco // 2, 0), largura - 1)
+                pixels[y + j][x + k] = azul
+                pixels[y + altura - 1 - j][x + k] = azul
+
+    caixa(31, 30, 33, 40, cinza)
+    caixa(15, 38, 49, 40, cinza)
+    caixa(14, 38, 16, 46, cinza)
+    caixa(48, 38, 50, 46, cinza)
+    unidade(11, 4, 42, 27, 3)
+    for x in (26, 32, 38):  # a battalion's two bars and more: the size of the unit
+        caixa(x - 1, 0, x + 1, 4, preto)
+    unidade(2, 45, 26, 17, 2)
+    unidade(36, 45, 26, 17, 2)
+    linhas = b"".join(b"\0" + bytes(v for ponto in linha for v in ponto) for linha in pixels)
+
+    def trecho(tipo, dados):
+        return struct.pack(">I", len(dados)) + tipo + dados + struct.pack(">I", zlib.crc32(tipo + dados))
+
+    return (b"\x89PNG\r\n\x1a\n" + trecho(b"IHDR", struct.pack(">IIBBBBB", lado, lado, 8, 6, 0, 0, 0))
+            + trecho(b"IDAT", zlib.compress(linhas, 9)) + trecho(b"IEND", b""))
+
+
 if __name__ == "__main__":
     pasta = pathlib.Path("registro/recursos")
     for nome, quadro in (("TTABELADESIMBOLOS", tabela()), ("TBARRADESIMBOLOS", barra()),
                          ("TSIMBOLOSCOMBOBOX", combo())):
         (pasta / f"{nome}.bmp").write_bytes(quadro.bmp())
+    (pasta / "MAINICON.png").write_bytes(icone())
