@@ -68,7 +68,10 @@ function(verificar_caminhos)
       continue()
     endif()
     foreach(proibido IN ITEMS "${CONSTRUCAO}" "${RAIZ}")
-      execute_process(COMMAND grep -qF "${proibido}/" "${raiz}/${arquivo}" RESULT_VARIABLE achado)
+      # As an absolute path: the sources may stand in /sibrel, and the guide speaks of $HOME/sibrel.
+      string(REGEX REPLACE "([][+.*^$()|?{}])" "[\\1]" padrao "${proibido}")
+      execute_process(COMMAND "${CMAKE_COMMAND}" -E env LC_ALL=C
+        grep -qaE "(^|[^[:alnum:]_.}~-])${padrao}/" "${raiz}/${arquivo}" RESULT_VARIABLE achado)
       if(achado EQUAL 0)
         message(FATAL_ERROR "${arquivo} holds the path ${proibido}/")
       endif()
