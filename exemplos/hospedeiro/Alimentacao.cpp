@@ -52,10 +52,12 @@ void TAlimentacao::MontarAcoes()
     connect(FAcaoSimular, &QAction::triggered, this, &TAlimentacao::PedirSimulacao);
 }
 
-bool TAlimentacao::Vigiar(const QString &Pasta)
+// What starts is shown, and so is what could not start.
+template <class Fazer>
+bool TAlimentacao::Tentar(Fazer &&Comecar)
 {
     try {
-        FVigia.Comecar(Pasta);
+        Comecar();
     } catch (const Sibrel::Exception &E) {
         Mostrar();
         Q_EMIT Erro(E.Message, E.Detalhe);
@@ -65,19 +67,18 @@ bool TAlimentacao::Vigiar(const QString &Pasta)
     return true;
 }
 
+bool TAlimentacao::Vigiar(const QString &Pasta)
+{
+    return Tentar([&] { FVigia.Comecar(Pasta); });
+}
+
 bool TAlimentacao::Simular(const QString &Pasta)
 {
-    try {
+    return Tentar([&] {
         if (FDocumento.isEmpty())
             AbrirDocumentoDoExercicio(Pasta);
         FExercicio.Comecar(Pasta);
-    } catch (const Sibrel::Exception &E) {
-        Mostrar();
-        Q_EMIT Erro(E.Message, E.Detalhe);
-        return false;
-    }
-    Mostrar();
-    return true;
+    });
 }
 
 void TAlimentacao::AtribuirDocumento(const QString &Arquivo)

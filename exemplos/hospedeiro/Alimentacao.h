@@ -44,6 +44,8 @@ Q_SIGNALS:
     void Erro(const QString &Mensagem, const QString &Detalhe);
 
 private:
+    template <class Fazer>
+    bool Tentar(Fazer &&Comecar);
     void MontarAcoes();
     void PedirVigia(bool Ligar);
     void PedirSimulacao(bool Ligar);

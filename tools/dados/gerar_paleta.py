@@ -123,7 +123,7 @@ def icone() -> bytes:
     caixa(14, 38, 16, 46, cinza)
     caixa(48, 38, 50, 46, cinza)
     unidade(11, 4, 42, 27, 3)
-    for x in (26, 32, 38):  # a battalion's two bars and more: the size of the unit
+    for x in (26, 32, 38):  # three bars: a regiment
         caixa(x - 1, 0, x + 1, 4, preto)
     unidade(2, 45, 26, 17, 2)
     unidade(36, 45, 26, 17, 2)
