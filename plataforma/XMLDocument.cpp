@@ -27,6 +27,11 @@ QString TCursorXML::NodeName() const
     return FDocumento ? FDocumento->FNomes[FDocumento->FNos[FIndice].Nome] : QString();
 }
 
+std::uint32_t TCursorXML::NumeroDoNome() const noexcept
+{
+    return FDocumento ? FDocumento->FNos[FIndice].Nome : 0;
+}
+
 bool TCursorXML::NomeE(QStringView Nome) const noexcept
 {
     return FDocumento && FDocumento->FNomes[FDocumento->FNos[FIndice].Nome] == Nome;

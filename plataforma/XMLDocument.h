@@ -124,6 +124,9 @@ public:
     /// The element's name as written, prefix included; "#text", "#cdata-section", "#comment" for those; the
     /// target of a processing instruction. Shared, nothing is copied.
     QString NodeName() const;
+    /// The number of that name in the document, below TXMLDocument::Nomes(): the same for the same name, a
+    /// key for tables of a caller's own. 0 for a nil cursor.
+    std::uint32_t NumeroDoNome() const noexcept;
     /// Is NodeName() exactly `Nome`, letter case included? Allocates nothing.
     bool NomeE(QStringView Nome) const noexcept;
     /// The line on which the node begins, from 1; what an entity brought in has the line of the element
@@ -251,6 +254,9 @@ public:
     }
     /// Nodes of all kinds in the document.
     std::uint32_t Nos() const noexcept { return static_cast<std::uint32_t>(FNos.size()); }
+    /// Different names of nodes and attributes in the document, the fixed ones of texts and comments
+    /// included.
+    std::uint32_t Nomes() const noexcept { return static_cast<std::uint32_t>(FNomes.size()); }
     /// Bytes of memory that the document keeps.
     std::size_t Memoria() const noexcept;
 

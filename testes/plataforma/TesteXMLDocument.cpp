@@ -32,6 +32,7 @@ private Q_SLOTS:
     void TextosCurtosRepetidosNaoSeMisturam();
     void ForaDaRaizNadaFica();
     void OsParentescos();
+    void OMesmoNomeTemOMesmoNumero();
     void OProcuradoEOPrimeiroElementoDoNome();
     void NuloRespondeVazio();
     void OHandleGuardaODocumento();
@@ -213,6 +214,19 @@ void TesteXMLDocument::OsParentescos()
     QVERIFY(B.NextSibling().NomeE(u"d"));
     QCOMPARE(B.NextSibling().Parent(), D->Raiz());
     QVERIFY(C.Ordem() > B.Ordem());
+}
+
+void TesteXMLDocument::OMesmoNomeTemOMesmoNumero()
+{
+    const auto D = TXMLDocument::DeBytes("<a><b/>x<a b=''/>y</a>");
+    const TCursorXML B = D->Raiz().FirstChild();
+    const TCursorXML X = B.NextSibling();
+    const TCursorXML A = X.NextSibling();
+    QCOMPARE(A.NumeroDoNome(), D->Raiz().NumeroDoNome());
+    QVERIFY(A.NumeroDoNome() != B.NumeroDoNome());
+    QCOMPARE(X.NumeroDoNome(), A.NextSibling().NumeroDoNome());
+    for (const TCursorXML &No : {D->Raiz(), B, X})
+        QVERIFY(No.NumeroDoNome() < D->Nomes());
 }
 
 void TesteXMLDocument::OProcuradoEOPrimeiroElementoDoNome()

@@ -223,11 +223,11 @@ void TesteFigurasControle::FigurasInteiras_data()
     QTest::addColumn<QString>("Nome");
     QTest::addColumn<int>("Lado");
     QTest::addColumn<int>("Densidade");
-    for (const char *Nome : {"alvo", "rosa_dos_ventos", "hachuras", "tracos", "busca_de_radar",
-                             "campo_minado", "textos_girados", "alinhamentos"}) {
+    for (const QByteArray Nome : {"alvo", "rosa_dos_ventos", "hachuras", "tracos", "busca_de_radar",
+                                  "campo_minado", "textos_girados", "alinhamentos"}) {
         for (const int Lado : {8, 16, 32, 64, 257})
-            QTest::addRow("%s %d", Nome, Lado) << QString::fromLatin1(Nome) << Lado << 1;
-        QTest::addRow("%s 32 a 2", Nome) << QString::fromLatin1(Nome) << 32 << 2;
+            QTest::newRow(Nome + ' ' + QByteArray::number(Lado)) << QString::fromLatin1(Nome) << Lado << 1;
+        QTest::newRow(Nome + " 32 a 2") << QString::fromLatin1(Nome) << 32 << 2;
     }
 }
 
