@@ -29,8 +29,7 @@ TLocalizadorXML::TLocalizadorXML(QString Texto)
 void TLocalizadorXML::Recomecar() noexcept
 {
     FEtiqueta = -1;
-    FOrdem = 0;
-    FEncontrado = false;
+    FElemento = {};
 }
 
 // The next start tag at or behind `De`; the text is well-formed, so that each "<" opens something. The end of
@@ -60,22 +59,22 @@ qsizetype TLocalizadorXML::ProximaEtiqueta(qsizetype De) const noexcept
 bool TLocalizadorXML::Avancar() noexcept
 {
     FEtiqueta = ProximaEtiqueta(FEtiqueta + 1);
-    if (FEncontrado)
-        ++FOrdem;
-    while (FOrdem < FDocumento->Nos() && !FDocumento->No(FOrdem).Elemento())
-        ++FOrdem;
-    FEncontrado = FEtiqueta < FTexto.size() && FOrdem < FDocumento->Nos();
-    return FEncontrado;
+    FElemento = FElemento ? FElemento.Seguinte() : FDocumento->Raiz();
+    while (FElemento && !FElemento.Elemento())
+        FElemento = FElemento.Seguinte();
+    if (FEtiqueta >= FTexto.size())
+        FElemento = {};
+    return !FElemento.Nulo();
 }
 
 int TLocalizadorXML::Coluna(const TCursorXML &Elemento)
 {
     if (!Elemento.Elemento())
         return 0;
-    if (FDocumento != Elemento.Documento() || Elemento.Ordem() < FOrdem || !FEncontrado)
+    if (FDocumento != Elemento.Documento() || !FElemento || Elemento.Ordem() < FElemento.Ordem())
         Recomecar();
     FDocumento = Elemento.Documento();
-    while (!FEncontrado || FOrdem < Elemento.Ordem())
+    while (!FElemento || FElemento.Ordem() < Elemento.Ordem())
         if (!Avancar())
             return 0;
     const qsizetype QuebraAntes = FEtiqueta > 0 ? QStringView(FTexto).lastIndexOf(u'\n', FEtiqueta - 1) : -1;

@@ -6,8 +6,6 @@
 
 #include <QString>
 
-#include <cstdint>
-
 namespace Sibrel
 {
 
@@ -35,8 +33,7 @@ private:
     QString FTexto;
     const TXMLDocument *FDocumento = nullptr;
     qsizetype FEtiqueta = -1; // the "<" of the element that was found last; past the end when there is none
-    std::uint32_t FOrdem = 0; // the number of that element's node
-    bool FEncontrado = false;
+    TCursorXML FElemento;     // that element; nil at the start and at the end
 };
 
 } // namespace Sibrel

@@ -1,55 +1,19 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "plataforma/TextosCompactos.h"
 
+#include "plataforma/NumeroCompacto.h"
+
 #include <cstring>
 
 namespace Sibrel
 {
 
-namespace
-{
-
-// Numbers stand seven bits a byte, lowest first, the high bit meaning "more follows": nearly all are one
-// byte.
-constexpr unsigned Bits = 7;
-constexpr unsigned Mais = 0x80;
-
-std::size_t TamanhoDoNumero(std::size_t Valor) noexcept
-{
-    std::size_t Bytes = 1;
-    while (Valor >>= Bits)
-        ++Bytes;
-    return Bytes;
-}
-
-unsigned char *EscreverNumero(unsigned char *Onde, std::size_t Valor) noexcept
-{
-    for (; Valor >= Mais; Valor >>= Bits)
-        *Onde++ = static_cast<unsigned char>(Valor | Mais);
-    *Onde++ = static_cast<unsigned char>(Valor);
-    return Onde;
-}
-
-const unsigned char *LerNumero(const unsigned char *Onde, std::size_t &Valor) noexcept
-{
-    Valor = 0;
-    for (unsigned Casa = 0;; Casa += Bits) {
-        const unsigned Byte = *Onde++;
-        Valor |= static_cast<std::size_t>(Byte & (Mais - 1)) << Casa;
-        if (Byte < Mais)
-            return Onde;
-    }
-}
-
-} // namespace
-
 bool TTextosCompactos::TLeitor::Proxima(QByteArrayView &Linha) noexcept
 {
     if (FAqui == FFim)
         return false;
-    std::size_t Tamanho = 0;
-    FAqui = LerNumero(FAqui, Tamanho);
-    Linha = QByteArrayView(FAqui, static_cast<qsizetype>(Tamanho));
+    const auto Tamanho = static_cast<qsizetype>(LerNumero(FAqui));
+    Linha = QByteArrayView(FAqui, Tamanho);
     FAqui += Tamanho;
     return true;
 }
@@ -61,8 +25,8 @@ TTextosCompactos::TLugares TTextosCompactos::Lugares() const noexcept
         return Todos;
     const unsigned char *Aqui = FBloco.get();
     for (TLugar &L : Todos) {
-        Aqui = LerNumero(Aqui, L.Linhas);
-        Aqui = LerNumero(Aqui, L.Tamanho);
+        L.Linhas = LerNumero(Aqui);
+        L.Tamanho = LerNumero(Aqui);
     }
     for (TLugar &L : Todos) {
         L.Inicio = Aqui;

@@ -43,6 +43,14 @@ public:
         std::copy_n(Origem, Quantos, FDados.get() + FTamanho);
         FTamanho += Quantos;
     }
+    /// Room for `Quantos` more, to be written before anything else is done here; `take` keeps those up to
+    /// `Fim`.
+    T *room(std::size_t Quantos)
+    {
+        Garantir(FTamanho + Quantos);
+        return FDados.get() + FTamanho;
+    }
+    void take(const T *Fim) noexcept { FTamanho = static_cast<std::size_t>(Fim - FDados.get()); }
     /// Forgets the values from `Tamanho` on.
     void truncate(std::size_t Tamanho) noexcept { FTamanho = std::min(FTamanho, Tamanho); }
 

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "plataforma/XMLConstrutor.h"
 
+#include "plataforma/RegistroXML.h"
 #include "plataforma/XMLCodificacao.h"
 #include "plataforma/XMLErro.h"
 
+#include <algorithm>
 #include <cstring>
+#include <limits>
 
 namespace Sibrel
 {
@@ -15,22 +18,34 @@ namespace
 // The names of nodes that are no elements have fixed numbers, those of their kinds.
 constexpr std::array<std::string_view, 4> NomesFixos = {"", "#text", "#cdata-section", "#comment"};
 
+constexpr std::size_t MaiorNumero = 10; // bytes of a compact number
+
+void ExigirTamanho(std::size_t Bytes, const char *Onde, int Linha)
+{
+    if (Bytes > static_cast<std::size_t>(TLimitesXML::Texto))
+        throw ErroDeXML(
+            QStringLiteral("%1 passa de %2 bytes.").arg(QString::fromUtf8(Onde)).arg(TLimitesXML::Texto),
+            Linha);
+}
+
+unsigned char *EscreverTexto(unsigned char *Onde, std::string_view Texto) noexcept
+{
+    Onde = EscreverNumero(Onde, Texto.size());
+    return std::copy(Texto.begin(), Texto.end(), Onde);
+}
+
 } // namespace
 
 TConstrutorXML::TConstrutorXML(std::size_t BytesDoDocumento)
     : FDocumento(new TXMLDocument)
 {
-    FCurtos.fill(TXMLDocument::Nenhum);
     constexpr std::size_t NomesDeCostume = 32;
     FNumeros.reserve(NomesDeCostume);
     FDocumento->FNomes.reserve(NomesDeCostume);
     for (const std::string_view Fixo : NomesFixos)
         Nome(Fixo);
-    // A small document is stored without growing; a large one grows a few times.
-    const std::size_t Previsto = std::min<std::size_t>(BytesDoDocumento, 1U << 20U);
-    FDocumento->FNos.reserve(Previsto / 24 + 1);
-    FDocumento->FAtributos.reserve(Previsto / 24 + 1);
-    FDocumento->FTextos.reserve(Previsto / 2 + 1);
+    // Room for all at once: what is never written costs nothing, and what is left over goes back at the end.
+    FDocumento->FRegistros.reserve(BytesDoDocumento + 1);
 }
 
 std::uint32_t TConstrutorXML::Nome(std::string_view Texto)
@@ -43,42 +58,48 @@ std::uint32_t TConstrutorXML::Nome(std::string_view Texto)
     return Numero;
 }
 
-TXMLDocument::TNo &TConstrutorXML::Novo(TTipoDeNoXML Tipo, std::uint32_t Nome, int Linha)
+unsigned char *TConstrutorXML::Espaco(std::size_t Bytes)
 {
-    auto &Nos = FDocumento->FNos;
-    const auto Indice = static_cast<std::uint32_t>(Nos.size());
-    if (Indice == TXMLDocument::Nenhum)
-        throw ErroDeXML(QStringLiteral("O documento tem nós demais."), Linha);
-    std::uint32_t Pai = TXMLDocument::Nenhum;
-    if (!FAbertos.empty()) {
-        TAberto &Dentro = FAbertos.back();
-        Pai = Dentro.Indice;
-        ++Nos[Pai].Filhos;
-        if (Dentro.UltimoFilho != TXMLDocument::Nenhum)
-            Nos[Dentro.UltimoFilho].Proximo = Indice;
-        Dentro.UltimoFilho = Indice;
-    }
-    return Nos.push_back({.Tipo = static_cast<std::uint32_t>(Tipo) & 7U,
-                          .Nome = Nome & 0x1FFFFFFFU,
-                          .Pai = Pai,
-                          .Proximo = TXMLDocument::Nenhum,
-                          .Filhos = 0,
-                          .Inicio = 0,
-                          .Tamanho = 0,
-                          .Linha = static_cast<std::uint32_t>(Linha)});
+    constexpr std::size_t Limite = std::numeric_limits<std::uint32_t>::max();
+    if (FDocumento->FRegistros.size() + Bytes > Limite)
+        throw ErroDeXML(QStringLiteral("O documento é grande demais."));
+    return FDocumento->FRegistros.room(Bytes);
 }
 
-std::uint32_t TConstrutorXML::Guardar(std::string_view Texto, const char *Onde)
+void TConstrutorXML::Encerrar(const unsigned char *Fim) noexcept
 {
-    auto &Textos = FDocumento->FTextos;
-    if (Texto.size() > static_cast<std::size_t>(TLimitesXML::Texto))
-        throw ErroDeXML(
-            QStringLiteral("%1 passa de %2 bytes.").arg(QString::fromUtf8(Onde)).arg(TLimitesXML::Texto));
-    const std::size_t Inicio = Textos.size();
-    if (Inicio + Texto.size() >= TXMLDocument::Nenhum)
-        throw ErroDeXML(QStringLiteral("O documento tem texto demais."));
-    Textos.append(Texto.data(), Texto.size());
-    return static_cast<std::uint32_t>(Inicio);
+    FDocumento->FRegistros.take(Fim);
+}
+
+std::uint32_t TConstrutorXML::Lugar() const noexcept
+{
+    return static_cast<std::uint32_t>(FDocumento->FRegistros.size());
+}
+
+void TConstrutorXML::Marcar(std::uint32_t Registro, unsigned Marca) noexcept
+{
+    unsigned char &Cabeca = FDocumento->FRegistros[Registro];
+    Cabeca = static_cast<unsigned char>(Cabeca | Marca);
+}
+
+// Writes what every record begins with; the caller goes on from there, by `MaisBytes` at most, and ends it.
+unsigned char *TConstrutorXML::Novo(TTipoDeNoXML Tipo, std::uint32_t Nome, int Linha, std::size_t MaisBytes)
+{
+    unsigned char *Aqui = Espaco(TRegistroXML::MaiorCabecalho + MaisBytes);
+    TAberto Pai{Lugar(), Lugar(), 0};
+    if (!FAbertos.empty()) {
+        FAbertos.back().UltimoFilho = Lugar();
+        Pai = FAbertos.back();
+    }
+    *Aqui++ = static_cast<unsigned char>(Tipo);
+    if (Tipo == TTipoDeNoXML::Elemento)
+        Aqui += sizeof(std::uint32_t); // told when it is closed
+    if (Tipo == TTipoDeNoXML::Elemento || Tipo == TTipoDeNoXML::Instrucao)
+        Aqui = EscreverNumero(Aqui, Nome);
+    Aqui = EscreverNumero(Aqui, Lugar() - Pai.Lugar);
+    Aqui = EscreverNumero(Aqui, TRegistroXML::Dobrado(std::int64_t{Linha} - Pai.Linha));
+    ++FDocumento->FQuantos;
+    return Aqui;
 }
 
 void TConstrutorXML::Abrir(std::uint32_t Nome, int Linha)
@@ -88,27 +109,36 @@ void TConstrutorXML::Abrir(std::uint32_t Nome, int Linha)
         throw ErroDeXML(QStringLiteral("O documento tem mais de %1 elementos um dentro do outro.")
                             .arg(TLimitesXML::Profundidade),
                         Linha);
-    const auto Indice = static_cast<std::uint32_t>(FDocumento->FNos.size());
-    Novo(TTipoDeNoXML::Elemento, Nome, Linha).Inicio =
-        static_cast<std::uint32_t>(FDocumento->FAtributos.size());
-    FAbertos.push_back({Indice, TXMLDocument::Nenhum});
+    const TAberto Este{Lugar(), Lugar(), Linha};
+    Encerrar(EscreverNumero(Novo(TTipoDeNoXML::Elemento, Nome, Linha, 1), 0));
+    FAbertos.push_back(Este);
+    FAtributos = 0;
 }
 
+// In the place of the zero that ends the attributes, which goes behind it.
 void TConstrutorXML::Atributo(std::uint32_t Nome, std::string_view Texto)
 {
-    auto &No = FDocumento->FNos.back();
-    if (No.Tamanho >= static_cast<std::uint32_t>(TLimitesXML::Atributos))
+    if (++FAtributos > TLimitesXML::Atributos)
         throw ErroDeXML(QStringLiteral("Um elemento tem mais de %1 atributos.").arg(TLimitesXML::Atributos),
-                        static_cast<int>(No.Linha));
-    FDocumento->FAtributos.push_back({.Nome = Nome,
-                                      .Inicio = Guardar(Texto, "Um atributo"),
-                                      .Tamanho = static_cast<std::uint32_t>(Texto.size())});
-    ++No.Tamanho;
+                        FAbertos.back().Linha);
+    ExigirTamanho(Texto.size(), "Um atributo", FAbertos.back().Linha);
+    unsigned char *Aqui = Espaco(2 * MaiorNumero + Texto.size()) - 1;
+    Aqui = EscreverTexto(EscreverNumero(Aqui, Nome), Texto);
+    Encerrar(EscreverNumero(Aqui, 0));
 }
 
 void TConstrutorXML::Fechar()
 {
     EncerrarTexto();
+    const TAberto &Este = FAbertos.back();
+    const std::uint32_t Tamanho = Lugar() - Este.Lugar;
+    std::memcpy(&FDocumento->FRegistros[Este.Lugar + TRegistroXML::LugarDoTamanho], &Tamanho, sizeof Tamanho);
+    if (Este.UltimoFilho != Este.Lugar) {
+        Marcar(Este.Lugar, TRegistroXML::ComFilhos);
+        Marcar(Este.UltimoFilho, TRegistroXML::UltimoFilho);
+    }
+    if (FAbertos.size() == 1)
+        Marcar(Este.Lugar, TRegistroXML::UltimoFilho);
     FAbertos.pop_back();
 }
 
@@ -116,37 +146,18 @@ void TConstrutorXML::Texto(std::string_view Parte, int Linha)
 {
     if (Parte.empty() || FAbertos.empty())
         return;
-    if (!FTextoAberto) {
-        const std::uint32_t Inicio = Guardar({}, "");
-        Novo(TTipoDeNoXML::Texto, static_cast<std::uint32_t>(TTipoDeNoXML::Texto), Linha).Inicio = Inicio;
-        FTextoAberto = true;
-    }
-    Guardar(Parte, "Um texto");
-    auto &No = FDocumento->FNos.back();
-    No.Tamanho += static_cast<std::uint32_t>(Parte.size());
-    if (No.Tamanho > static_cast<std::uint32_t>(TLimitesXML::Texto))
-        throw ErroDeXML(QStringLiteral("Um texto passa de %1 bytes.").arg(TLimitesXML::Texto),
-                        static_cast<int>(No.Linha));
+    if (FTexto.empty())
+        FLinhaDoTexto = Linha;
+    ExigirTamanho(FTexto.size() + Parte.size(), "Um texto", FLinhaDoTexto);
+    FTexto.append(Parte);
 }
 
-// A short text that was just stored before is shared instead.
 void TConstrutorXML::EncerrarTexto()
 {
-    if (!FTextoAberto)
+    if (FTexto.empty())
         return;
-    FTextoAberto = false;
-    auto &No = FDocumento->FNos.back();
-    if (No.Tamanho >= FCurtos.size())
-        return;
-    std::uint32_t &Anterior = FCurtos[No.Tamanho];
-    const auto &Textos = FDocumento->FTextos;
-    if (Anterior != TXMLDocument::Nenhum &&
-        std::memcmp(Textos.data() + Anterior, Textos.data() + No.Inicio, No.Tamanho) == 0) {
-        FDocumento->FTextos.truncate(No.Inicio);
-        No.Inicio = Anterior;
-    } else {
-        Anterior = No.Inicio;
-    }
+    Encerrar(EscreverTexto(Novo(TTipoDeNoXML::Texto, 0, FLinhaDoTexto, MaiorNumero + FTexto.size()), FTexto));
+    FTexto.clear(); // keeps its memory
 }
 
 void TConstrutorXML::Folha(TTipoDeNoXML Tipo, std::string_view Conteudo, int Linha, std::string_view Alvo)
@@ -154,22 +165,17 @@ void TConstrutorXML::Folha(TTipoDeNoXML Tipo, std::string_view Conteudo, int Lin
     if (FAbertos.empty())
         return; // outside the document element
     EncerrarTexto();
-    const std::uint32_t Numero =
-        Tipo == TTipoDeNoXML::Instrucao ? Nome(Alvo) : static_cast<std::uint32_t>(Tipo);
-    const std::uint32_t Inicio = Guardar(Conteudo, "Um comentário ou trecho");
-    auto &No = Novo(Tipo, Numero, Linha);
-    No.Inicio = Inicio;
-    No.Tamanho = static_cast<std::uint32_t>(Conteudo.size());
+    ExigirTamanho(Conteudo.size(), "Um comentário ou trecho", Linha);
+    const std::uint32_t Numero = Tipo == TTipoDeNoXML::Instrucao ? Nome(Alvo) : 0;
+    Encerrar(EscreverTexto(Novo(Tipo, Numero, Linha, MaiorNumero + Conteudo.size()), Conteudo));
 }
 
 TXMLDocument::TReferencia TConstrutorXML::Terminar()
 {
-    if (FDocumento->FNos.empty() || !FAbertos.empty())
+    if (FDocumento->FRegistros.empty() || !FAbertos.empty())
         throw ErroDeXML(QStringLiteral("O documento não tem elemento."));
-    FDocumento->FNos.shrink_to_fit();
-    FDocumento->FAtributos.shrink_to_fit();
+    FDocumento->FRegistros.shrink_to_fit();
     FDocumento->FNomes.shrink_to_fit();
-    FDocumento->FTextos.shrink_to_fit();
     return std::exchange(FDocumento, nullptr);
 }
 

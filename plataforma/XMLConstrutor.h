@@ -3,9 +3,11 @@
 
 #include "plataforma/XMLDocument.h"
 
-#include <array>
+#include <memory>
+#include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 namespace Sibrel
 {
@@ -35,8 +37,9 @@ public:
 
 private:
     struct TAberto {
-        std::uint32_t Indice;
-        std::uint32_t UltimoFilho;
+        std::uint32_t Lugar;
+        std::uint32_t UltimoFilho; // its own place while it has none
+        int Linha;
     };
     // Looks a name up without making a string of it.
     struct THash {
@@ -44,16 +47,19 @@ private:
         std::size_t operator()(std::string_view V) const noexcept { return std::hash<std::string_view>()(V); }
     };
 
-    TXMLDocument::TNo &Novo(TTipoDeNoXML Tipo, std::uint32_t Nome, int Linha);
-    std::uint32_t Guardar(std::string_view Texto, const char *Onde);
+    unsigned char *Novo(TTipoDeNoXML Tipo, std::uint32_t Nome, int Linha, std::size_t MaisBytes);
+    void Encerrar(const unsigned char *Fim) noexcept;
+    unsigned char *Espaco(std::size_t Bytes);
+    std::uint32_t Lugar() const noexcept;
+    void Marcar(std::uint32_t Registro, unsigned Marca) noexcept;
     void EncerrarTexto();
 
     std::shared_ptr<TXMLDocument> FDocumento;
     std::unordered_map<std::string, std::uint32_t, THash, std::equal_to<>> FNumeros;
     std::vector<TAberto> FAbertos;
-    bool FTextoAberto = false;
-    // Where a short text of each length was last stored: indentation repeats.
-    std::array<std::uint32_t, 64> FCurtos;
+    int FAtributos = 0; // of the element opened last
+    std::string FTexto; // the parts so far; empty when there is no text
+    int FLinhaDoTexto = 0;
 };
 
 } // namespace Sibrel

@@ -3,6 +3,7 @@
 
 #include "plataforma/Arquivo.h"
 #include "plataforma/Exception.h"
+#include "plataforma/RegistroXML.h"
 #include "plataforma/XMLAnalise.h"
 #include "plataforma/XMLCodificacao.h"
 #include "plataforma/XMLEntidades.h"
@@ -12,54 +13,104 @@
 namespace Sibrel
 {
 
-TCursorXML TCursorXML::Em(std::uint32_t Indice) const noexcept
+namespace
 {
-    return Indice != TXMLDocument::Nenhum ? TCursorXML(FDocumento, Indice) : TCursorXML();
+
+// The attribute for which `Serve` is true, the first one.
+template <class F>
+std::optional<TRegistroXML::TAtributo> Achar(const TRegistroXML &Elemento, F Serve) noexcept
+{
+    const unsigned char *Aqui = Elemento.Conteudo();
+    for (TRegistroXML::TAtributo A; TRegistroXML::ProximoAtributo(Aqui, A);)
+        if (Serve(A))
+            return A;
+    return std::nullopt;
+}
+
+std::optional<TRegistroXML::TAtributo> Atributo(const TRegistroXML &Elemento, int Indice) noexcept
+{
+    return Achar(Elemento, [&Indice](const auto &) { return Indice-- == 0; });
+}
+
+const TRegistroXML::TAtributo &Verificado(const std::optional<TRegistroXML::TAtributo> &A, int Indice)
+{
+    if (!A)
+        throw EListError(QStringLiteral("Índice fora dos limites (%1)").arg(Indice));
+    return *A;
+}
+
+} // namespace
+
+TRegistroXML TCursorXML::Registro() const noexcept
+{
+    return TRegistroXML(FDocumento->FRegistros.data() + FLugar);
+}
+
+TCursorXML TCursorXML::Em(const unsigned char *Onde) const noexcept
+{
+    return {FDocumento, static_cast<std::uint32_t>(Onde - FDocumento->FRegistros.data())};
 }
 
 TTipoDeNoXML TCursorXML::Tipo() const noexcept
 {
-    return FDocumento ? static_cast<TTipoDeNoXML>(FDocumento->FNos[FIndice].Tipo) : TTipoDeNoXML::Elemento;
-}
-
-QString TCursorXML::NodeName() const
-{
-    return FDocumento ? FDocumento->FNomes[FDocumento->FNos[FIndice].Nome] : QString();
+    return FDocumento ? Registro().Tipo() : TTipoDeNoXML::Elemento;
 }
 
 std::uint32_t TCursorXML::NumeroDoNome() const noexcept
 {
-    return FDocumento ? FDocumento->FNos[FIndice].Nome : 0;
+    return FDocumento ? Registro().Nome() : 0;
+}
+
+QString TCursorXML::NodeName() const
+{
+    return FDocumento ? FDocumento->FNomes[NumeroDoNome()] : QString();
 }
 
 bool TCursorXML::NomeE(QStringView Nome) const noexcept
 {
-    return FDocumento && FDocumento->FNomes[FDocumento->FNos[FIndice].Nome] == Nome;
+    return FDocumento && FDocumento->FNomes[NumeroDoNome()] == Nome;
 }
 
 int TCursorXML::Linha() const noexcept
 {
-    return FDocumento ? static_cast<int>(FDocumento->FNos[FIndice].Linha) : 0;
+    std::int64_t Linha = 0;
+    for (TCursorXML No = *this; No; No = No.Parent())
+        Linha += No.Registro().LinhasDesdeOPai();
+    return static_cast<int>(Linha);
 }
 
 int TCursorXML::ChildCount() const noexcept
 {
-    return FDocumento ? static_cast<int>(FDocumento->FNos[FIndice].Filhos) : 0;
+    int Quantos = 0;
+    for (TCursorXML Filho = FirstChild(); Filho; Filho = Filho.NextSibling())
+        ++Quantos;
+    return Quantos;
 }
 
 TCursorXML TCursorXML::FirstChild() const noexcept
 {
-    return ChildCount() > 0 ? TCursorXML(FDocumento, FIndice + 1) : TCursorXML();
+    if (!FDocumento || !Registro().Tem(TRegistroXML::ComFilhos))
+        return {};
+    return Em(Registro().DepoisDoConteudo());
 }
 
 TCursorXML TCursorXML::NextSibling() const noexcept
 {
-    return FDocumento ? Em(FDocumento->FNos[FIndice].Proximo) : TCursorXML();
+    if (!FDocumento || Registro().Tem(TRegistroXML::UltimoFilho))
+        return {};
+    return Em(Registro().Fim());
 }
 
 TCursorXML TCursorXML::Parent() const noexcept
 {
-    return FDocumento ? Em(FDocumento->FNos[FIndice].Pai) : TCursorXML();
+    const std::uint32_t Distancia = FDocumento ? Registro().AtePai() : 0;
+    return Distancia > 0 ? TCursorXML(FDocumento, FLugar - Distancia) : TCursorXML();
+}
+
+TCursorXML TCursorXML::Seguinte() const noexcept
+{
+    const TCursorXML Depois = FDocumento ? Em(Registro().DepoisDoConteudo()) : TCursorXML();
+    return FDocumento && Depois.FLugar < FDocumento->FRegistros.size() ? Depois : TCursorXML();
 }
 
 TCursorXML TCursorXML::FindNode(QStringView Nome) const noexcept
@@ -72,20 +123,19 @@ TCursorXML TCursorXML::FindNode(QStringView Nome) const noexcept
 
 int TCursorXML::AttributeCount() const noexcept
 {
-    return Elemento() ? static_cast<int>(FDocumento->FNos[FIndice].Tamanho) : 0;
-}
-
-std::uint32_t TCursorXML::AtributoVerificado(int Indice) const
-{
-    if (Indice < 0 || Indice >= AttributeCount())
-        throw EListError(QStringLiteral("Índice fora dos limites (%1)").arg(Indice));
-    return FDocumento->FNos[FIndice].Inicio + static_cast<std::uint32_t>(Indice);
+    int Quantos = 0;
+    if (Elemento())
+        Achar(Registro(), [&Quantos](const auto &) {
+            ++Quantos;
+            return false;
+        });
+    return Quantos;
 }
 
 QString TCursorXML::AttributeName(int Indice) const
 {
-    const std::uint32_t A = AtributoVerificado(Indice);
-    return FDocumento->FNomes[FDocumento->FAtributos[A].Nome];
+    return FDocumento
+        ->FNomes[Verificado(Elemento() ? Atributo(Registro(), Indice) : std::nullopt, Indice).Nome];
 }
 
 QString TCursorXML::AttributeText(int Indice) const
@@ -95,34 +145,20 @@ QString TCursorXML::AttributeText(int Indice) const
 
 QByteArrayView TCursorXML::AttributeUtf8(int Indice) const
 {
-    const std::uint32_t Numero = AtributoVerificado(Indice);
-    const auto &A = FDocumento->FAtributos[Numero];
-    return FDocumento->Trecho(A.Inicio, A.Tamanho);
-}
-
-// The number of the attribute in the document's list.
-std::uint32_t TCursorXML::Procurar(QStringView Nome) const noexcept
-{
-    if (!Elemento())
-        return TXMLDocument::Nenhum;
-    const auto &No = FDocumento->FNos[FIndice];
-    for (std::uint32_t A = No.Inicio; A < No.Inicio + No.Tamanho; ++A)
-        if (FDocumento->FNomes[FDocumento->FAtributos[A].Nome] == Nome)
-            return A;
-    return TXMLDocument::Nenhum;
+    return Verificado(Elemento() ? Atributo(Registro(), Indice) : std::nullopt, Indice).Texto;
 }
 
 bool TCursorXML::HasAttribute(QStringView Nome) const noexcept
 {
-    return Procurar(Nome) != TXMLDocument::Nenhum;
+    return AttributeUtf8(Nome).has_value();
 }
 
 std::optional<QByteArrayView> TCursorXML::AttributeUtf8(QStringView Nome) const noexcept
 {
-    const std::uint32_t A = Procurar(Nome);
-    if (A == TXMLDocument::Nenhum)
+    if (!Elemento())
         return std::nullopt;
-    return FDocumento->Trecho(FDocumento->FAtributos[A].Inicio, FDocumento->FAtributos[A].Tamanho);
+    const auto A = Achar(Registro(), [&](const auto &Este) { return FDocumento->FNomes[Este.Nome] == Nome; });
+    return A ? std::optional(A->Texto) : std::nullopt;
 }
 
 std::optional<QString> TCursorXML::Attribute(QStringView Nome) const
@@ -133,25 +169,18 @@ std::optional<QString> TCursorXML::Attribute(QStringView Nome) const
 
 QByteArrayView TCursorXML::TextUtf8() const noexcept
 {
-    if (!FDocumento || Elemento())
-        return {};
-    const auto &No = FDocumento->FNos[FIndice];
-    return FDocumento->Trecho(No.Inicio, No.Tamanho);
+    return FDocumento && !Elemento() ? Registro().Texto() : QByteArrayView();
 }
 
 QString TCursorXML::Text() const
 {
     if (!Elemento())
         return TextoDeUtf8(TextUtf8());
-    // What is below a node stands right behind it, up to the first node that is not below it.
     QByteArray Bytes;
-    const auto &Nos = FDocumento->FNos;
-    for (std::uint32_t I = FIndice + 1;
-         I < Nos.size() && Nos[I].Pai >= FIndice && Nos[I].Pai != TXMLDocument::Nenhum; ++I) {
-        const auto Tipo = static_cast<TTipoDeNoXML>(Nos[I].Tipo);
-        if (Tipo == TTipoDeNoXML::Texto || Tipo == TTipoDeNoXML::CDATA)
-            Bytes += FDocumento->Trecho(Nos[I].Inicio, Nos[I].Tamanho);
-    }
+    const TCursorXML Depois = Em(Registro().Fim());
+    for (TCursorXML No = Seguinte(); No && No.FLugar < Depois.FLugar; No = No.Seguinte())
+        if (No.Tipo() == TTipoDeNoXML::Texto || No.Tipo() == TTipoDeNoXML::CDATA)
+            Bytes += No.TextUtf8();
     return TextoDeUtf8(Bytes);
 }
 
@@ -207,9 +236,7 @@ IXMLNode TXMLDocument::DocumentElement() const
 
 std::size_t TXMLDocument::Memoria() const noexcept
 {
-    std::size_t Bytes = sizeof *this + FNos.capacity() * sizeof(TNo) +
-                        FAtributos.capacity() * sizeof(TAtributo) + FTextos.capacity() +
-                        FNomes.capacity() * sizeof(QString);
+    std::size_t Bytes = sizeof *this + FRegistros.capacity() + FNomes.capacity() * sizeof(QString);
     for (const QString &Nome : FNomes)
         Bytes += static_cast<std::size_t>(Nome.capacity()) * sizeof(QChar);
     return Bytes;

@@ -22,6 +22,7 @@ namespace Sibrel
 {
 
 class TConstrutorXML;
+class TRegistroXML;
 class TXMLDocument;
 class IXMLNode;
 
@@ -134,16 +135,20 @@ public:
     int Linha() const noexcept;
 
     /// All children: elements, texts (white space too), comments, CDATA sections, processing instructions.
+    /// They are counted each time.
     int ChildCount() const noexcept;
     TCursorXML FirstChild() const noexcept;
     TCursorXML NextSibling() const noexcept;
     /// Nil for the document element.
     TCursorXML Parent() const noexcept;
+    /// The next node in document order: the first child, else what follows; nil at the end of the document.
+    TCursorXML Seguinte() const noexcept;
     TFilhosXML<TCursorXML> Filhos() const noexcept { return TFilhosXML<TCursorXML>(FirstChild()); }
     /// The first child element whose name is exactly `Nome`, nil when there is none.
     TCursorXML FindNode(QStringView Nome) const noexcept;
 
-    /// Attributes count from 0 in the order of the document. An index outside raises EListError.
+    /// Attributes count from 0 in the order of the document. An index outside raises EListError. They are
+    /// walked from the first one on.
     /// Namespace declarations are attributes like any other; in a document with a DOCTYPE they come first.
     int AttributeCount() const noexcept;
     QString AttributeName(int Indice) const;
@@ -165,27 +170,26 @@ public:
     /// A handle to the same node that keeps the document alive.
     IXMLNode Guardar() const;
     const TXMLDocument *Documento() const noexcept { return FDocumento; }
-    /// The node's number in document order, 0 for the document element: a key for tables of a caller's own.
-    std::uint32_t Ordem() const noexcept { return FIndice; }
+    /// A number that grows in document order, 0 for the document element: a key for tables of a caller's own.
+    std::uint32_t Ordem() const noexcept { return FLugar; }
 
     friend bool operator==(const TCursorXML &A, const TCursorXML &B) noexcept
     {
-        return A.FDocumento == B.FDocumento && A.FIndice == B.FIndice;
+        return A.FDocumento == B.FDocumento && A.FLugar == B.FLugar;
     }
 
 private:
     friend class TXMLDocument;
-    constexpr TCursorXML(const TXMLDocument *Documento, std::uint32_t Indice) noexcept
+    constexpr TCursorXML(const TXMLDocument *Documento, std::uint32_t Lugar) noexcept
         : FDocumento(Documento)
-        , FIndice(Indice)
+        , FLugar(Lugar)
     {
     }
-    TCursorXML Em(std::uint32_t Indice) const noexcept;
-    std::uint32_t Procurar(QStringView Nome) const noexcept;
-    std::uint32_t AtributoVerificado(int Indice) const;
+    TRegistroXML Registro() const noexcept;
+    TCursorXML Em(const unsigned char *Onde) const noexcept;
 
     const TXMLDocument *FDocumento = nullptr;
-    std::uint32_t FIndice = 0;
+    std::uint32_t FLugar = 0; // of the node's record in the document's bytes
 };
 
 /// A node of a document: a counted handle, nil by default. The document lives as long as a handle to any of
@@ -247,13 +251,8 @@ public:
     IXMLNode DocumentElement() const;
     /// The document element without a counted handle.
     TCursorXML Raiz() const noexcept { return {this, 0}; }
-    /// The node with that number in document order (TCursorXML::Ordem), nil when there is none.
-    TCursorXML No(std::uint32_t Ordem) const noexcept
-    {
-        return Ordem < Nos() ? TCursorXML(this, Ordem) : TCursorXML();
-    }
     /// Nodes of all kinds in the document.
-    std::uint32_t Nos() const noexcept { return static_cast<std::uint32_t>(FNos.size()); }
+    std::uint32_t Nos() const noexcept { return FQuantos; }
     /// Different names of nodes and attributes in the document, the fixed ones of texts and comments
     /// included.
     std::uint32_t Nomes() const noexcept { return static_cast<std::uint32_t>(FNomes.size()); }
@@ -269,34 +268,9 @@ private:
     friend class TConstrutorXML;
     TXMLDocument() = default;
 
-    static constexpr std::uint32_t Nenhum = 0xFFFFFFFFU;
-
-    // Nodes stand in document order, so that a first child is the node behind its parent and needs no field.
-    struct TNo {
-        std::uint32_t Tipo : 3;
-        std::uint32_t Nome : 29;
-        std::uint32_t Pai;
-        std::uint32_t Proximo;
-        std::uint32_t Filhos;
-        std::uint32_t Inicio;  // the first attribute of an element; the first byte of a text
-        std::uint32_t Tamanho; // attributes of an element; bytes of a text
-        std::uint32_t Linha;
-    };
-    struct TAtributo {
-        std::uint32_t Nome;
-        std::uint32_t Inicio;
-        std::uint32_t Tamanho;
-    };
-
-    QByteArrayView Trecho(std::uint32_t Inicio, std::uint32_t Tamanho) const noexcept
-    {
-        return {FTextos.data() + Inicio, static_cast<qsizetype>(Tamanho)};
-    }
-
-    TVetorPlano<TNo> FNos;
-    TVetorPlano<TAtributo> FAtributos;
-    TVetorPlano<char> FTextos;   // all texts and attribute values, UTF-8
-    std::vector<QString> FNomes; // each name once
+    TVetorPlano<unsigned char> FRegistros; // the nodes, see TRegistroXML
+    std::uint32_t FQuantos = 0;            // of them
+    std::vector<QString> FNomes;           // each name once
 };
 
 } // namespace Sibrel
