@@ -56,7 +56,9 @@ void TPedacosXML::Converter() noexcept
     FVisto -= FLido;
     FFim -= FLido;
     FLido = 0;
-    const QStringView Parte = FResto.first(std::min<qsizetype>(FResto.size(), UnidadesDeUmaVez));
+    QStringView Parte = FResto.first(std::min<qsizetype>(FResto.size(), UnidadesDeUmaVez));
+    if (Parte.size() < FResto.size() && Parte.back().isHighSurrogate())
+        Parte.chop(1);
     FResto = FResto.sliced(Parte.size());
     char *const Novos = FBytes.data() + FFim;
     const auto Quantos = static_cast<std::size_t>(FCodificador.appendToBuffer(Novos, Parte) - Novos);

@@ -31,7 +31,8 @@ private:
     void Converter() noexcept;
 
     QStringView FResto;
-    QStringEncoder FCodificador{QStringConverter::Utf8};
+    // A half that waited for the next piece would be taken there even when the other one does not follow.
+    QStringEncoder FCodificador{QStringConverter::Utf8, QStringConverter::Flag::Stateless};
     TVigiaDeAtributos FVigia;
     // The bytes that wait: those before FVisto are good for the parser.
     std::size_t FLido = 0;
