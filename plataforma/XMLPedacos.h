@@ -40,7 +40,7 @@ private:
     std::size_t FFim = 0;
     bool FFalhou = false;
     static constexpr std::size_t BytesDeUmaVez = 4096;
-    static constexpr std::size_t UnidadesDeUmaVez = 8192; // code units, of up to three bytes each
+    static constexpr std::size_t UnidadesDeUmaVez = 4096; // code units, of up to three bytes each
     std::array<char, BytesDeUmaVez + TVigiaDeAtributos::Indecisos + 3 * (UnidadesDeUmaVez + 2)> FBytes;
 };
 

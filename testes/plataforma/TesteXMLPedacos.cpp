@@ -14,7 +14,7 @@ namespace
 
 // The parser asks for so many bytes at a time, and so many UTF-16 code units are turned into bytes at a time.
 constexpr int BytesDeUmPedaco = 4000;
-constexpr int UnidadesDeUmaVez = 8192;
+constexpr int UnidadesDeUmaVez = 4096;
 
 QString Repetido(const QString &Texto, int Vezes)
 {
