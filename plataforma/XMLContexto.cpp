@@ -64,9 +64,6 @@ TContextoXML::TContextoXML(TPedacosXML &Pedacos, int Opcoes)
         &xmlFreeParserInputBuffer);
     if (!Buffer)
         throw std::bad_alloc();
-    // The parser is told about the encoding before it reads, and then looks at the first bytes.
-    constexpr int Bastante = 4000;
-    xmlParserInputBufferGrow(Buffer.get(), Bastante);
     const xmlParserInputPtr Entrada =
         xmlNewIOInputStream(FContexto.get(), Buffer.get(), XML_CHAR_ENCODING_NONE);
     if (Entrada)

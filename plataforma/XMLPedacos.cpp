@@ -13,15 +13,13 @@ namespace Sibrel
 namespace
 {
 
-// Where a piece of at most `Limite` bytes may end. Inside a text the parser looks no further than the piece:
-// it would miss what "]]>" or the two characters of a line's end mean when they are cut.
+// How many of the bytes make a piece. Inside a text the parser sees no further than the piece, and would miss
+// a
+// "]]>" that is cut.
 std::size_t Corte(std::string_view Bytes, std::size_t Limite) noexcept
 {
     std::size_t Tamanho = std::min(Bytes.size(), Limite);
-    while (Tamanho > 0 && Tamanho < Bytes.size() &&
-           (static_cast<unsigned char>(Bytes[Tamanho]) & 0xC0U) == 0x80U)
-        --Tamanho;
-    for (int I = 0; I < 2 && Tamanho > 1 && (Bytes[Tamanho - 1] == ']' || Bytes[Tamanho - 1] == '\r'); ++I)
+    for (int I = 0; I < 2 && Tamanho > 1 && Bytes[Tamanho - 1] == ']'; ++I)
         --Tamanho;
     return Tamanho;
 }

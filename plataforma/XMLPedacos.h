@@ -21,8 +21,7 @@ public:
     TPedacosXML(const TPedacosXML &) = delete;
     TPedacosXML &operator=(const TPedacosXML &) = delete;
 
-    /// Writes the next bytes, at most so many, whole characters; how many, 0 at the end, -1 for what may not
-    /// be.
+    /// Writes the next bytes, at most so many; how many, 0 at the end, -1 for what may not be.
     int Ler(char *Para, int Bytes) noexcept;
     /// Everything was read, and may be.
     bool Terminou() const noexcept { return !FFalhou && FResto.isEmpty() && FLido == FFim; }
