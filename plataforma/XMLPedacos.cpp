@@ -13,13 +13,13 @@ namespace Sibrel
 namespace
 {
 
-// How many of the bytes make a piece. Inside a text the parser sees no further than the piece, and would miss
-// a
-// "]]>" that is cut.
+// How many of the bytes make a piece. Where the parser looks no further than the piece, it would miss "]]>",
+// "?>" or the end of a line that is cut.
 std::size_t Corte(std::string_view Bytes, std::size_t Limite) noexcept
 {
     std::size_t Tamanho = std::min(Bytes.size(), Limite);
-    for (int I = 0; I < 2 && Tamanho > 1 && Bytes[Tamanho - 1] == ']'; ++I)
+    for (int I = 0; I < 2 && Tamanho > 1 && std::string_view("]?\r").find(Bytes[Tamanho - 1]) != Bytes.npos;
+         ++I)
         --Tamanho;
     return Tamanho;
 }

@@ -53,7 +53,7 @@ private Q_SLOTS:
     void AMarcaNoInicio();
 };
 
-// "%1" is where blanks put the border of a piece on one character after another.
+// "%1" is where a filling puts the border of a piece on one character after another.
 void TesteXMLPedacos::UmPedacoPodeAcabarEmQualquerLugar_data()
 {
     QTest::addColumn<QString>("Texto");
@@ -72,6 +72,21 @@ void TesteXMLPedacos::UmPedacoPodeAcabarEmQualquerLugar_data()
     QTest::newRow("dois hifens") << u"<r><!-- %1 x--y --></r>"_s;
     QTest::newRow("instrucoes") << u"<r>%1<?alvo ç?€>\U0001F600?\?><?a?></r>"_s;
     QTest::newRow("dentro da instrucao") << u"<r><?p %1?\U0001F600>?></r>"_s;
+    QTest::newRow("duas instrucoes") << u"<r><?p %1?><b/><?q x?></r>"_s;
+    QTest::newRow("duas instrucoes no prologo") << u"<?p%1?><?q x?><r/>"_s;
+    QTest::newRow("dentro da declaracao") << u"<?xml version='1.0'%1 encoding='x' standalone='yes' ?><r/>"_s;
+    QTest::newRow("fim da declaracao") << u"<?xml version='1.0'%1?><r/>"_s;
+    QTest::newRow("dentro do fim") << u"<r><a></a%1></r>"_s;
+    QTest::newRow("fim da etiqueta") << u"<r><a b='c'%1/><a%1/></r>"_s;
+    QTest::newRow("fim de linha em uma instrucao") << u"<r><?p %1x\r\ny\r\r\n?></r>"_s;
+    QTest::newRow("interrogacoes") << u"<r><?p %1????x?\?><b/><?q ?></r>"_s;
+    QTest::newRow("alvo") << u"<r><?a%1?><b/><?q x?></r>"_s;
+    QTest::newRow("nome") << u"<r><a%1 p:b%1='c'/><a%1></a%1>&amp;</r>"_s;
+    QTest::newRow("comeco do que esta na raiz") << u"<r a='%1'><![CDATA[b]]></r>"_s;
+    QTest::newRow("comentario na raiz") << u"<r a='%1'><!-- b --></r>"_s;
+    QTest::newRow("instrucao na raiz") << u"<r a='%1'><?p?></r>"_s;
+    QTest::newRow("referencia na raiz") << u"<r a='%1&#10;'>&#xE7;\r\n</r>"_s;
+    QTest::newRow("raiz sem nada") << u"<r a='%1'/>"_s;
     QTest::newRow("dentro da etiqueta") << u"<r%1 xmlns='u'\r\na = 'ç'  xmlns:p = \"v\" p:b='€'/>"_s;
     QTest::newRow("dentro do atributo") << u"<r a='1' xmlns='u' b='%1\r\n\t€\U0001F600&amp;'  c='>'/>"_s;
     QTest::newRow("depois da raiz") << u"<r/>%1<!-- ç -->\n<?p q?>"_s;
@@ -90,15 +105,16 @@ void TesteXMLPedacos::UmPedacoPodeAcabarEmQualquerLugar_data()
 void TesteXMLPedacos::UmPedacoPodeAcabarEmQualquerLugar()
 {
     QFETCH(QString, Texto);
-    const qsizetype Antes = Texto.indexOf(u"%1");
     const auto Atras = static_cast<int>(Texto.size()) + 20;
-    for (const int Borda : {BytesDeUmPedaco, UnidadesDeUmaVez})
-        for (int Brancos = Borda - Atras * 2; Brancos < Borda; ++Brancos) {
-            const QString Este = QString(Texto).replace(Antes, 2, QString(Brancos, u' '));
-            if (const QString Esperado = ResultadoDosBytes(Este); ResultadoDoTexto(Este) != Esperado)
-                QFAIL(qPrintable(u"%1 brancos: %2 em vez de %3"_s.arg(Brancos).arg(
-                    ResultadoDoTexto(Este).simplified(), Esperado.simplified())));
-        }
+    for (const QChar Enchimento : {u' ', u'\n', u'x'})
+        for (const int Borda : {BytesDeUmPedaco, UnidadesDeUmaVez})
+            for (int Vezes = Borda - Atras * 2; Vezes < Borda; ++Vezes) {
+                const QString Este = QString(Texto).replace(u"%1"_s, QString(Vezes, Enchimento));
+                const QString Lido = ResultadoDoTexto(Este);
+                const QString Esperado = ResultadoDosBytes(Este);
+                QVERIFY2(Lido == Esperado,
+                         qPrintable(Lido.simplified() + u" em vez de "_s + Esperado.simplified()));
+            }
 }
 
 void TesteXMLPedacos::OMesmoQueOsBytes_data()
