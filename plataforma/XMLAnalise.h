@@ -10,7 +10,7 @@ namespace Sibrel
 /// own). Raises EDOMParseError or std::bad_alloc.
 TXMLDocument::TReferencia AnalisarXML(const QByteArray &Utf8, const QString &Base);
 
-/// The same for a text of no folder, which is turned into UTF-8 as the parser gets to it.
+/// The same for a text of no folder. A long one is turned into UTF-8 as the parser gets to it.
 TXMLDocument::TReferencia AnalisarTextoXML(QStringView Texto);
 
 } // namespace Sibrel

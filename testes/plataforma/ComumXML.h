@@ -79,7 +79,7 @@ QString Resultado(Leitura Ler)
     }
 }
 
-/// A text is read in pieces; its bytes are there as a whole.
+/// A long text is read in pieces; its bytes are there as a whole.
 inline QString ResultadoDoTexto(const QString &Texto)
 {
     return Resultado([&Texto] { return TXMLDocument::DeTexto(Texto); });

@@ -159,6 +159,9 @@ void TesteXMLAtributos::OQueNaoPodeSerAcabaOsPedacos()
             QVERIFY(!Lido.Inteiro);
             QVERIFY(Lido.Bytes.size() < Brancos + Mau.size()); // it is not handed over
         }
+    // A text of that size is refused for it, and not looked at.
+    const QString Brancos(20'000, u' ');
+    QVERIFY(!LidoEmPedacos(QStringView(Brancos.constData(), TLimitesXML::Entrada + 1), 4'000).Inteiro);
 }
 
 QTEST_GUILESS_MAIN(TesteXMLAtributos)

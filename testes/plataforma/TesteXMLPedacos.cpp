@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// A text is read in pieces: wherever one ends, what is read, what is refused and what is said about it are
-// the same as in the text's bytes, which are read as a whole.
+// A long text is read in pieces: wherever one ends, what is read, what is refused and what is said about it
+// are the same as in the text's bytes, which are read as a whole.
 #include "ComumXML.h"
 
 #include <QTest>
@@ -15,6 +15,12 @@ namespace
 // The parser asks for so many bytes at a time, and so many UTF-16 code units are turned into bytes at a time.
 constexpr int BytesDeUmPedaco = 4000;
 constexpr int UnidadesDeUmaVez = 4096;
+
+// Only a long text is read in pieces; these blanks make it one.
+QString Longo(const QString &Texto)
+{
+    return Texto + QString(20'000, u' ');
+}
 
 QString Repetido(const QString &Texto, int Vezes)
 {
@@ -109,7 +115,7 @@ void TesteXMLPedacos::UmPedacoPodeAcabarEmQualquerLugar()
     for (const QChar Enchimento : {u' ', u'\n', u'x'})
         for (const int Borda : {BytesDeUmPedaco, UnidadesDeUmaVez})
             for (int Vezes = Borda - Atras * 2; Vezes < Borda; ++Vezes) {
-                const QString Este = QString(Texto).replace(u"%1"_s, QString(Vezes, Enchimento));
+                const QString Este = Longo(QString(Texto).replace(u"%1"_s, QString(Vezes, Enchimento)));
                 const QString Lido = ResultadoDoTexto(Este);
                 const QString Esperado = ResultadoDosBytes(Este);
                 QVERIFY2(Lido == Esperado,
@@ -120,14 +126,14 @@ void TesteXMLPedacos::UmPedacoPodeAcabarEmQualquerLugar()
 void TesteXMLPedacos::OMesmoQueOsBytes_data()
 {
     QTest::addColumn<QString>("Texto");
-    const QString Longo = Repetido(u"ç€\U0001F600 "_s, 20'000);
+    const QString Muito = Repetido(u"ç€\U0001F600 "_s, 20'000);
     QTest::newRow("vazio") << QString();
     QTest::newRow("so a marca") << u"\uFEFF"_s;
-    QTest::newRow("texto longo") << u"<r>"_s + Longo + u"</r>"_s;
-    QTest::newRow("comentario longo") << u"<r><!--"_s + Longo + u"--></r>"_s;
-    QTest::newRow("cdata longa") << u"<r><![CDATA["_s + Longo + u"]]></r>"_s;
-    QTest::newRow("instrucao longa") << u"<r><?p "_s + Longo + u"?></r>"_s;
-    QTest::newRow("atributo longo") << u"<r a='"_s + Longo + u"'/>"_s;
+    QTest::newRow("texto longo") << u"<r>"_s + Muito + u"</r>"_s;
+    QTest::newRow("comentario longo") << u"<r><!--"_s + Muito + u"--></r>"_s;
+    QTest::newRow("cdata longa") << u"<r><![CDATA["_s + Muito + u"]]></r>"_s;
+    QTest::newRow("instrucao longa") << u"<r><?p "_s + Muito + u"?></r>"_s;
+    QTest::newRow("atributo longo") << u"<r a='"_s + Muito + u"'/>"_s;
     QTest::newRow("nome longo") << u'<' + Repetido(u"çΩ"_s, 20'000) + u"/>"_s;
     QTest::newRow("nome longo demais") << u'<' + Repetido(u"çΩ"_s, 40'000) + u"/>"_s;
     QTest::newRow("erro longe") << u"<r>"_s + Repetido(u"<a b='ç'/>\r\n"_s, 5'000) + u"<c></d></r>"_s;
@@ -136,9 +142,9 @@ void TesteXMLPedacos::OMesmoQueOsBytes_data()
     QTest::newRow("texto no limite") << u"<r>"_s + QString(10'000'000, u'x') + u"</r>"_s;
     QTest::newRow("comentario alem do limite") << u"<r><!--"_s + QString(10'000'001, u'x') + u"--></r>"_s;
     QTest::newRow("fundo demais") << Repetido(u"<a>\n"_s, 3'000) + Repetido(u"</a>"_s, 3'000);
-    QTest::newRow("doctype longe") << u"<!--"_s + Longo +
+    QTest::newRow("doctype longe") << u"<!--"_s + Muito +
                                           u"--><!DOCTYPE r [<!ELEMENT r ANY><!ENTITY e '<r/>'>]><r>&e;"_s +
-                                          Longo + u"</r>"_s;
+                                          Muito + u"</r>"_s;
     QTest::newRow("brancos depois") << u"<r/>"_s + QString(20'000, u' ');
 }
 
@@ -222,7 +228,7 @@ void TesteXMLPedacos::AtributosDemaisEmVariosPedacos()
 {
     QFETCH(QString, Antes);
     QFETCH(QString, Valor);
-    const QString Texto = u"<r>"_s + Antes + u"<a%1/></r>"_s;
+    const QString Texto = Longo(u"<r>"_s + Antes + u"<a%1/></r>"_s);
     const auto Muitos = [&Valor](int Quantos) { return Atributos(Quantos, Valor); };
     QCOMPARE(TXMLDocument::DeTexto(QString(Texto).replace(u"%1"_s, Muitos(1'000)))
                  ->Raiz()
@@ -236,7 +242,7 @@ void TesteXMLPedacos::AtributosDemaisEmVariosPedacos()
 void TesteXMLPedacos::OCaracterZeroDizOByte()
 {
     for (const int Brancos : {0, 10, BytesDeUmPedaco - 6, UnidadesDeUmaVez - 5, 30'000}) {
-        const QString Depois = u"<r>ç</r>"_s + QString(Brancos, u' ') + QChar(0) + u"<s/>"_s;
+        const QString Depois = u"<r>ç</r>"_s + QString(Brancos, u' ') + QChar(0) + Longo(u"<s/>"_s);
         QCOMPARE(ResultadoDoTexto(Depois),
                  u"recusado em 0:0: O byte %1 do documento é zero."_s.arg(Brancos + 10));
     }
@@ -262,7 +268,7 @@ void TesteXMLPedacos::MeioCaracter()
     QFETCH(QString, Fim);
     QFETCH(bool, Recusado);
     for (int Brancos = UnidadesDeUmaVez - 10; Brancos < UnidadesDeUmaVez + 2; ++Brancos) {
-        const QString Lido = ResultadoDoTexto(u"<r>"_s + QString(Brancos, u' ') + Fim);
+        const QString Lido = ResultadoDoTexto(Longo(u"<r>"_s + QString(Brancos, u' ') + Fim));
         if (Recusado)
             QCOMPARE(Lido, u"recusado em 0:0: O texto tem metade de um caracter."_s);
         else
@@ -273,10 +279,10 @@ void TesteXMLPedacos::MeioCaracter()
 void TesteXMLPedacos::AMarcaNoInicio()
 {
     for (int Marcas = 0; Marcas < 5; ++Marcas) {
-        const QString Texto = QString(Marcas, QChar::ByteOrderMark) + u"<r>\uFEFF</r>"_s;
+        const QString Texto = QString(Marcas, QChar::ByteOrderMark) + Longo(u"<r>\uFEFF</r>"_s);
         QCOMPARE(ResultadoDoTexto(Texto), ResultadoDosBytes(Texto));
     }
-    QCOMPARE(TXMLDocument::DeTexto(u"\uFEFF<r>\uFEFF</r>")->Raiz().Text(), u"\uFEFF"_s);
+    QCOMPARE(TXMLDocument::DeTexto(Longo(u"\uFEFF<r>\uFEFF</r>"_s))->Raiz().Text(), u"\uFEFF"_s);
 }
 
 QTEST_GUILESS_MAIN(TesteXMLPedacos)
