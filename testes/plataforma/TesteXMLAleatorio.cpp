@@ -224,10 +224,10 @@ void TesteXMLAleatorio::UmByteTrocadoNuncaDerruba()
 void TesteXMLAleatorio::OTextoEOMesmoQueOsSeusBytes()
 {
     int Lidos = 0;
-    for (unsigned Semente = 0; Semente < 1'000; ++Semente) {
+    for (unsigned Semente = 0; Semente < 500; ++Semente) {
         TSorteio Sorteio(Semente);
         QString Texto;
-        while (Texto.size() < 20'000)
+        while (Texto.size() < 70'000)
             Texto += Sorteio.Elemento(4);
         Texto = u"<r>"_s + Texto + u"</r>"_s;
         for (int I = Semente % 3 == 0 ? 0 : Sorteio.Ate(5); I > 0; --I) {
@@ -242,7 +242,7 @@ void TesteXMLAleatorio::OTextoEOMesmoQueOsSeusBytes()
         QCOMPARE(ResultadoDoTexto(Texto), Esperado);
         Lidos += Esperado.startsWith(u"recusado"_s) ? 0 : 1;
     }
-    QVERIFY(Lidos > 400 && Lidos < 900);
+    QVERIFY(Lidos > 200 && Lidos < 450);
 }
 
 QTEST_GUILESS_MAIN(TesteXMLAleatorio)
