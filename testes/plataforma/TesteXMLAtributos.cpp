@@ -161,7 +161,9 @@ void TesteXMLAtributos::OQueNaoPodeSerAcabaOsPedacos()
         }
     // A text of that size is refused for it, and not looked at.
     const QString Brancos(20'000, u' ');
-    QVERIFY(!LidoEmPedacos(QStringView(Brancos.constData(), TLimitesXML::Entrada + 1), 4'000).Inteiro);
+    const TLido Lido = LidoEmPedacos(QStringView(Brancos.constData(), TLimitesXML::Entrada + 1), 4'000);
+    QVERIFY(!Lido.Inteiro);
+    QVERIFY(Lido.Bytes.isEmpty());
 }
 
 QTEST_GUILESS_MAIN(TesteXMLAtributos)
