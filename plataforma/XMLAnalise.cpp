@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "plataforma/XMLAnalise.h"
 
+#include "plataforma/XMLAtributos.h"
+#include "plataforma/XMLCodificacao.h"
 #include "plataforma/XMLComDTD.h"
 #include "plataforma/XMLConstrutor.h"
 #include "plataforma/XMLContexto.h"
 #include "plataforma/XMLErro.h"
+#include "plataforma/XMLPedacos.h"
 
 #include <algorithm>
 #include <array>
@@ -25,12 +28,14 @@ class TLeitorXML final : public TContextoXML
 {
 public:
     explicit TLeitorXML(const QByteArray &Utf8);
+    TLeitorXML(TPedacosXML &Pedacos, std::size_t Bytes);
 
     /// Only meaningful after Analisar.
     bool TemDoctype() const noexcept { return FInterrompido; }
     TXMLDocument::TReferencia Terminar() { return FConstrutor.Terminar(); }
 
 private:
+    void Tratar();
     static TLeitorXML &Este(void *C) noexcept { return static_cast<TLeitorXML &>(De(C)); }
     static void AoIniciarElemento(void *C, const xmlChar *Nome, const xmlChar *Prefixo, const xmlChar *,
                                   int Espacos, const xmlChar **Declaracoes, int Atributos, int,
@@ -54,11 +59,25 @@ private:
     int FLinha = 1;                      // where the event before ended
 };
 
+// Without this option the parser hands "&amp;" in an attribute on as "&#38;". There are no other entities
+// here.
+constexpr int OpcoesDoLeitor = XML_PARSE_NOENT;
+
 TLeitorXML::TLeitorXML(const QByteArray &Utf8)
-    // Without this option the parser hands "&amp;" in an attribute on as "&#38;". There are no other entities
-    // here.
-    : TContextoXML(Utf8, XML_PARSE_NOENT)
+    : TContextoXML(Utf8, OpcoesDoLeitor)
     , FConstrutor(static_cast<std::size_t>(Utf8.size()))
+{
+    Tratar();
+}
+
+TLeitorXML::TLeitorXML(TPedacosXML &Pedacos, std::size_t Bytes)
+    : TContextoXML(Pedacos, OpcoesDoLeitor)
+    , FConstrutor(Bytes)
+{
+    Tratar();
+}
+
+void TLeitorXML::Tratar()
 {
     xmlSAXHandler &Sax = *Contexto().sax;
     const auto AoErrar = Sax.serror;
@@ -200,63 +219,21 @@ int TLeitorXML::LinhaDaEtiqueta() const noexcept
     return Linha() - static_cast<int>(std::count(Tag.begin(), Tag.end(), '\n'));
 }
 
-// Attributes of the tag that starts the stretch, given that no "<" follows in it.
-int AtributosDoTrecho(std::string_view Trecho) noexcept
+// Null for what has to be read as a whole: a document with a DOCTYPE, and all that is refused, so that what
+// is told about it, and whether it is refused at all, does not depend on the pieces.
+TXMLDocument::TReferencia AnalisarEmPedacos(QStringView Texto)
 {
-    int Quantos = 0;
-    for (std::size_t I = 0; I < Trecho.size() && Trecho[I] != '>'; ++I) {
-        if (Trecho[I] == '=')
-            ++Quantos;
-        else if (Trecho[I] == '"' || Trecho[I] == '\'')
-            I = std::min(Trecho.find(Trecho[I], I + 1), Trecho.size() - 1);
+    try {
+        TPedacosXML Pedacos(Texto);
+        TLeitorXML Leitor(Pedacos, static_cast<std::size_t>(Texto.size()));
+        Leitor.Analisar();
+        return !Leitor.TemDoctype() && Pedacos.Terminou() ? Leitor.Terminar() : nullptr;
+    } catch (const EDOMParseError &) {
+        return nullptr;
     }
-    return Quantos;
-}
-
-// Past the comment, CDATA section or instruction that starts at `Inicio`; `Inicio` itself when none does.
-std::size_t DepoisDoQueNaoETag(std::string_view Utf8, std::size_t Inicio) noexcept
-{
-    struct TPar {
-        std::string_view Abre;
-        std::string_view Fecha;
-    };
-    static constexpr std::array<TPar, 3> Pares = {
-        {{"<!--"sv, "-->"sv}, {"<![CDATA["sv, "]]>"sv}, {"<?"sv, "?>"sv}}};
-    for (const TPar &Par : Pares)
-        if (Utf8.substr(Inicio).starts_with(Par.Abre)) {
-            const std::size_t Fim = Utf8.find(Par.Fecha, Inicio + Par.Abre.size());
-            return Fim != Utf8.npos ? Fim + Par.Fecha.size() : Utf8.size();
-        }
-    return Inicio;
 }
 
 } // namespace
-
-bool AtributosDemais(std::string_view Utf8) noexcept
-{
-    // A start tag lies between two "<", and an attribute takes five bytes at least, as in ` a=""`: nearly
-    // every stretch is too short to need a look.
-    constexpr std::size_t Curto = std::size_t{TLimitesXML::Atributos} * 5;
-    bool ComDTD = false;
-    std::size_t Inicio = Utf8.find('<');
-    while (Inicio < Utf8.size()) {
-        const char Segundo = Inicio + 1 < Utf8.size() ? Utf8[Inicio + 1] : '\0';
-        if (Segundo == '!' || Segundo == '?') {
-            // What looks like a comment inside a DTD may be part of an entity's text: look at everything
-            // there.
-            const std::size_t Depois = ComDTD ? Inicio : DepoisDoQueNaoETag(Utf8, Inicio);
-            ComDTD = ComDTD || (Segundo == '!' && Depois == Inicio);
-            Inicio = Utf8.find('<', std::max(Depois, Inicio + 1));
-            continue;
-        }
-        const std::size_t Fim = std::min(Utf8.find('<', Inicio + 1), Utf8.size());
-        if (Fim - Inicio > Curto &&
-            AtributosDoTrecho(Utf8.substr(Inicio, Fim - Inicio)) > TLimitesXML::Atributos)
-            return true;
-        Inicio = Fim;
-    }
-    return false;
-}
 
 TXMLDocument::TReferencia AnalisarXML(const QByteArray &Utf8, const QString &Base)
 {
@@ -268,6 +245,16 @@ TXMLDocument::TReferencia AnalisarXML(const QByteArray &Utf8, const QString &Bas
     TLeitorXML Leitor(Utf8);
     Leitor.Analisar();
     return Leitor.TemDoctype() ? AnalisarXMLComDTD(Utf8, Base) : Leitor.Terminar();
+}
+
+TXMLDocument::TReferencia AnalisarTextoXML(QStringView Texto)
+{
+    // The bytes of a short text stay in the cache, where nothing is gained by pieces.
+    constexpr qsizetype Curto = 64 * 1024;
+    if (Texto.size() > Curto)
+        if (auto Documento = AnalisarEmPedacos(Texto))
+            return Documento;
+    return AnalisarXML(Utf8DeTexto(Texto), {});
 }
 
 } // namespace Sibrel

@@ -10,9 +10,7 @@ namespace Sibrel
 /// own). Raises EDOMParseError or std::bad_alloc.
 TXMLDocument::TReferencia AnalisarXML(const QByteArray &Utf8, const QString &Base);
 
-/// Is there a start tag with more attributes than TLimitesXML::Atributos? Found before the parser sees the
-/// text, because the parser's time grows with their square. Never false for such a tag; may be true without
-/// one where declarations of a DTD stand in the text.
-bool AtributosDemais(std::string_view Utf8) noexcept;
+/// The same for a text of no folder. A long one is turned into UTF-8 as the parser gets to it.
+TXMLDocument::TReferencia AnalisarTextoXML(QStringView Texto);
 
 } // namespace Sibrel

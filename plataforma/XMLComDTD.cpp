@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "plataforma/XMLComDTD.h"
 
-#include "plataforma/XMLAnalise.h"
+#include "plataforma/XMLAtributos.h"
 #include "plataforma/XMLConstrutor.h"
 #include "plataforma/XMLContexto.h"
 #include "plataforma/XMLEntidades.h"

@@ -2,6 +2,7 @@
 #include "plataforma/XMLContexto.h"
 
 #include "plataforma/XMLErro.h"
+#include "plataforma/XMLPedacos.h"
 
 #include <libxml/parserInternals.h>
 
@@ -21,38 +22,59 @@ void TContextoXML::TLiberar::operator()(xmlParserCtxt *C) const noexcept
     xmlFreeParserCtxt(C);
 }
 
-TContextoXML::TContextoXML(const QByteArray &Utf8, int Opcoes, const QByteArray &Endereco)
+TContextoXML::TContextoXML(int Opcoes)
 {
     // Safe to call again and from several threads; the parser's tables are made once.
     static const bool Iniciado = (xmlInitParser(), true);
     Q_UNUSED(Iniciado)
-    if (Utf8.isEmpty())
-        throw ErroDeXML(QStringLiteral("O documento está vazio."));
-    if (Utf8.size() > std::numeric_limits<int>::max() - 1)
-        throw ErroDeXML(QStringLiteral("O documento é grande demais."));
     FContexto.reset(xmlNewParserCtxt());
     if (!FContexto)
         throw std::bad_alloc();
-    Ligar(Utf8);
     FContexto->_private = this;
     xmlCtxtUseOptions(FContexto.get(), Opcoes | XML_PARSE_NONET | XML_PARSE_IGNORE_ENC | XML_PARSE_BIG_LINES);
-    if (!Endereco.isEmpty())
-        FContexto->input->filename =
-            reinterpret_cast<char *>(xmlStrdup(reinterpret_cast<const xmlChar *>(Endereco.constData())));
     FContexto->sax->serror = &TContextoXML::AoErrar;
     FContexto->vctxt.userData = FContexto.get();
     FContexto->vctxt.error = &TContextoXML::AoInvalidar;
     FContexto->vctxt.warning = nullptr;
 }
 
-TContextoXML::~TContextoXML() = default;
-
 // As a text in memory, which the parser reads where it is; a buffer of its own would be a copy of the
 // document. It looks for the end itself: a zero, which QByteArray has there and the document nowhere before.
-void TContextoXML::Ligar(const QByteArray &Utf8)
+TContextoXML::TContextoXML(const QByteArray &Utf8, int Opcoes, const QByteArray &Endereco)
+    : TContextoXML(Opcoes)
 {
-    xmlParserInputPtr Entrada =
-        xmlNewStringInputStream(FContexto.get(), reinterpret_cast<const xmlChar *>(Utf8.constData()));
+    if (Utf8.isEmpty())
+        throw ErroDeXML(QStringLiteral("O documento está vazio."));
+    if (Utf8.size() > std::numeric_limits<int>::max() - 1)
+        throw ErroDeXML(QStringLiteral("O documento é grande demais."));
+    Ligar(xmlNewStringInputStream(FContexto.get(), reinterpret_cast<const xmlChar *>(Utf8.constData())));
+    if (!Endereco.isEmpty())
+        FContexto->input->filename =
+            reinterpret_cast<char *>(xmlStrdup(reinterpret_cast<const xmlChar *>(Endereco.constData())));
+}
+
+TContextoXML::TContextoXML(TPedacosXML &Pedacos, int Opcoes)
+    : TContextoXML(Opcoes)
+{
+    const auto Ler = [](void *P, char *Para, int Bytes) {
+        return static_cast<TPedacosXML *>(P)->Ler(Para, Bytes);
+    };
+    std::unique_ptr<xmlParserInputBuffer, decltype(&xmlFreeParserInputBuffer)> Buffer(
+        xmlParserInputBufferCreateIO(Ler, nullptr, &Pedacos, XML_CHAR_ENCODING_NONE),
+        &xmlFreeParserInputBuffer);
+    if (!Buffer)
+        throw std::bad_alloc();
+    const xmlParserInputPtr Entrada =
+        xmlNewIOInputStream(FContexto.get(), Buffer.get(), XML_CHAR_ENCODING_NONE);
+    if (Entrada)
+        Buffer.release(); // NOLINT: the input's now
+    Ligar(Entrada);
+}
+
+TContextoXML::~TContextoXML() = default;
+
+void TContextoXML::Ligar(xmlParserInputPtr Entrada)
+{
     if (!Entrada)
         throw std::bad_alloc();
     if (inputPush(FContexto.get(), Entrada) < 0) {

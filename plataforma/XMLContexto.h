@@ -13,6 +13,8 @@
 namespace Sibrel
 {
 
+class TPedacosXML;
+
 /// One run of the parser over one document in memory: owns the parser's context and whatever it built, keeps
 /// the first failure. Everything of the parser that is set is set in this context, nothing for the whole
 /// process.
@@ -22,6 +24,9 @@ public:
     /// `Utf8` is read in place and has to live as long as the object; `Endereco` names the document for
     /// relative references.
     TContextoXML(const QByteArray &Utf8, int Opcoes, const QByteArray &Endereco = {});
+    /// Reads on in `Pedacos` as far as it needs. The parser refuses more here than in a text that is there as
+    /// a whole, e.g. a tag of 10 MB.
+    TContextoXML(TPedacosXML &Pedacos, int Opcoes);
     virtual ~TContextoXML();
     TContextoXML(const TContextoXML &) = delete;
     TContextoXML &operator=(const TContextoXML &) = delete;
@@ -60,7 +65,8 @@ protected:
     bool FInterrompido = false;
 
 private:
-    void Ligar(const QByteArray &Utf8);
+    explicit TContextoXML(int Opcoes);
+    void Ligar(xmlParserInputPtr Entrada);
     static void AoErrar(void *Dados, xmlErrorPtr Erro);
     [[gnu::format(printf, 2, 3)]] static void AoInvalidar(void *Dados, const char *Formato, ...);
     void Anotar(const char *Motivo, int Linha, int Coluna) noexcept;

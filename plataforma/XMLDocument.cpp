@@ -197,7 +197,7 @@ IXMLNode::IXMLNode(std::shared_ptr<const TXMLDocument> Documento, TCursorXML No)
 
 TXMLDocument::TReferencia TXMLDocument::DeTexto(QStringView Texto)
 {
-    return AnalisarXML(Utf8DeTexto(Texto), {});
+    return AnalisarTextoXML(Texto);
 }
 
 TXMLDocument::TReferencia TXMLDocument::DeUtf8(QByteArrayView Bytes)

@@ -57,4 +57,37 @@ inline QString Retrato(QByteArrayView Bytes)
     return Retrato(Documento->Raiz());
 }
 
+/// What comes of reading: the picture of the document and the line of each of its nodes, or what the refusal
+/// says.
+template <class Leitura>
+QString Resultado(Leitura Ler)
+{
+    const auto Lido = [](TCursorXML Raiz) {
+        QString Linhas;
+        const auto Descer = [&Linhas](auto &&Eu, TCursorXML No) -> void {
+            Linhas += QString::number(No.Linha()) + u' ';
+            for (const TCursorXML Filho : No.Filhos())
+                Eu(Eu, Filho);
+        };
+        Descer(Descer, Raiz);
+        return Retrato(Raiz) + Linhas;
+    };
+    try {
+        return Lido(Ler()->Raiz());
+    } catch (const EDOMParseError &E) {
+        return QStringLiteral("recusado em %1:%2: ").arg(E.Linha).arg(E.Coluna) + E.Detalhe;
+    }
+}
+
+/// A long text is read in pieces; its bytes are there as a whole.
+inline QString ResultadoDoTexto(const QString &Texto)
+{
+    return Resultado([&Texto] { return TXMLDocument::DeTexto(Texto); });
+}
+
+inline QString ResultadoDosBytes(const QString &Texto)
+{
+    return Resultado([&Texto] { return TXMLDocument::DeUtf8(Texto.toUtf8()); });
+}
+
 } // namespace Sibrel::Testes

@@ -180,6 +180,7 @@ class TesteXMLAleatorio : public QObject
 private Q_SLOTS:
     void OMesmoQueOutroLeitor();
     void UmByteTrocadoNuncaDerruba();
+    void OTextoEOMesmoQueOsSeusBytes();
 };
 
 void TesteXMLAleatorio::OMesmoQueOutroLeitor()
@@ -217,6 +218,31 @@ void TesteXMLAleatorio::UmByteTrocadoNuncaDerruba()
         }
     }
     QVERIFY(Lidos > 0 && Lidos < 2'000);
+}
+
+// Long enough to be read in several pieces, well-formed or with a few characters more.
+void TesteXMLAleatorio::OTextoEOMesmoQueOsSeusBytes()
+{
+    int Lidos = 0;
+    for (unsigned Semente = 0; Semente < 500; ++Semente) {
+        TSorteio Sorteio(Semente);
+        QString Texto;
+        while (Texto.size() < 70'000)
+            Texto += Sorteio.Elemento(4);
+        Texto = u"<r>"_s + Texto + u"</r>"_s;
+        for (int I = Semente % 3 == 0 ? 0 : Sorteio.Ate(5); I > 0; --I) {
+            const qsizetype Onde = Sorteio.Ate(static_cast<int>(Texto.size()));
+            if (!Texto[Onde].isLowSurrogate())
+                Texto.insert(Onde, Sorteio.Um(u"]]>"_s, u"]"_s, u">"_s, u"\r"_s, u"\n"_s, u"-"_s, u"\""_s,
+                                              u" "_s, u"\U0001F600"_s, u"&#32;"_s, u"<!--"_s, u"\uFFFF"_s));
+        }
+        const QString Esperado = ResultadoDosBytes(Texto);
+        if (ResultadoDoTexto(Texto) != Esperado)
+            qWarning().noquote() << "semente" << Semente << Texto;
+        QCOMPARE(ResultadoDoTexto(Texto), Esperado);
+        Lidos += Esperado.startsWith(u"recusado"_s) ? 0 : 1;
+    }
+    QVERIFY(Lidos > 200 && Lidos < 450);
 }
 
 QTEST_GUILESS_MAIN(TesteXMLAleatorio)
