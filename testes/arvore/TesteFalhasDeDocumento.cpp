@@ -231,9 +231,9 @@ void TesteFalhasDeDocumento::DocumentoMaiorDoQueAMemoria_data()
     QTest::addColumn<QString>("Mensagem");
     QTest::newRow("nem o arquivo cabe") << 160 << 1000 << "Não foi possível abrir o arquivo <grande.xml>!";
     QTest::newRow("o texto nao cabe") << 60 << 1000 << "Arquivo em formato inválido!";
-    QTest::newRow("o documento nao cabe") << 24 << 1000 << "Arquivo em formato inválido!";
-    QTest::newRow("os nos nao cabem") << 14 << 4 << "XML em formato inválido!";
-    QTest::newRow("as operacoes nao cabem") << 18 << 4 << "XML em formato inválido!";
+    QTest::newRow("o documento nao cabe") << 36 << 1000 << "Arquivo em formato inválido!";
+    QTest::newRow("os nos nao cabem") << 18 << 4 << "XML em formato inválido!";
+    QTest::newRow("as operacoes nao cabem") << 21 << 4 << "XML em formato inválido!";
 }
 
 // In a process of its own, whose memory ends where this one's would not.
