@@ -94,8 +94,9 @@ QByteArray Utf8DeTexto(QStringView Texto)
         Texto = Texto.sliced(1);
     QStringEncoder Codificador(QStringConverter::Utf8);
     QByteArray Bytes = Codificador(Texto);
-    // Half of a surrogate pair is no character: it must not become a question mark in silence.
-    if (Codificador.hasError())
+    // Half of a surrogate pair is no character: it must not become a question mark in silence, nor nothing,
+    // as the last one would, whose other half the encoder waits for.
+    if (Codificador.hasError() || (!Texto.isEmpty() && Texto.back().isHighSurrogate()))
         throw ErroDeXML(QStringLiteral("O texto tem metade de um caracter."));
     return Bytes;
 }

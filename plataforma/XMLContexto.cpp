@@ -67,7 +67,7 @@ TContextoXML::TContextoXML(TPedacosXML &Pedacos, int Opcoes)
     const xmlParserInputPtr Entrada =
         xmlNewIOInputStream(FContexto.get(), Buffer.get(), XML_CHAR_ENCODING_NONE);
     if (Entrada)
-        Buffer.release(); // NOLINT: the input's now
+        static_cast<void>(Buffer.release()); // the input's now
     Ligar(Entrada);
 }
 

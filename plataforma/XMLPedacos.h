@@ -30,7 +30,8 @@ private:
     void Converter() noexcept;
 
     QStringView FResto;
-    // A half that waited for the next piece would be taken there even when the other one does not follow.
+    // Without state, a half at a piece's end is an error there. One that waits for the next piece is no error
+    // any more, even when its other half does not follow.
     QStringEncoder FCodificador{QStringConverter::Utf8, QStringConverter::Flag::Stateless};
     TVigiaDeAtributos FVigia;
     // The bytes that wait: those before FVisto are good for the parser.
@@ -40,6 +41,7 @@ private:
     bool FFalhou = false;
     static constexpr std::size_t BytesDeUmaVez = 4096;
     static constexpr std::size_t UnidadesDeUmaVez = 4096; // code units, of up to three bytes each
+    // Without a value until they are written.
     std::array<char, BytesDeUmaVez + TVigiaDeAtributos::Indecisos + 3 * (UnidadesDeUmaVez + 2)> FBytes;
 };
 

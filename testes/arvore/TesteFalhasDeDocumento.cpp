@@ -231,9 +231,9 @@ void TesteFalhasDeDocumento::DocumentoMaiorDoQueAMemoria_data()
     QTest::addColumn<QString>("Mensagem");
     QTest::newRow("nem o arquivo cabe") << 160 << 1000 << "Não foi possível abrir o arquivo <grande.xml>!";
     QTest::newRow("o texto nao cabe") << 60 << 1000 << "Arquivo em formato inválido!";
-    QTest::newRow("o documento nao cabe") << 24 << 1000 << "Arquivo em formato inválido!";
-    QTest::newRow("os nos nao cabem") << 17 << 4 << "XML em formato inválido!";
-    QTest::newRow("as operacoes nao cabem") << 24 << 4 << "XML em formato inválido!";
+    QTest::newRow("o documento nao cabe") << 40 << 1000 << "Arquivo em formato inválido!";
+    QTest::newRow("os nos nao cabem") << 27 << 4 << "XML em formato inválido!";
+    QTest::newRow("as operacoes nao cabem") << 29 << 4 << "XML em formato inválido!";
 }
 
 // In a process of its own, whose memory ends where this one's would not.

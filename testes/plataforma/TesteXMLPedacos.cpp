@@ -266,6 +266,7 @@ void TesteXMLPedacos::MeioCaracter_data()
     QTest::newRow("duas primeiras") << Alta + Alta + Baixa + u"</r>"_s << true;
     QTest::newRow("trocadas") << Baixa + Alta + u"</r>"_s << true;
     QTest::newRow("a primeira metade atras da raiz") << u"</r>"_s + Alta + u' ' << true;
+    QTest::newRow("a primeira metade no fim de tudo") << u"</r>"_s + Alta << true;
     QTest::newRow("a segunda metade atras da raiz") << u"</r>"_s + Baixa + u' ' << true;
 }
 
