@@ -1,22 +1,43 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "arvore/IndiceDeNos.h"
 
+#include <algorithm>
+#include <bit>
 #include <utility>
 
 namespace Sibrel
 {
 
-std::size_t TIndiceDeNos::Balde(std::uint64_t Chave) const noexcept
+std::uint32_t TIndiceDeNos::HashDe(std::uint64_t Chave) noexcept
 {
     constexpr std::uint64_t Misturador = 0x9E3779B97F4A7C15U;
     constexpr unsigned Altos = 32;
-    return static_cast<std::size_t>((Chave * Misturador) >> Altos) & (FBaldes.size() - 1);
+    return static_cast<std::uint32_t>((Chave * Misturador) >> Altos);
+}
+
+// By the highest bits, so that the keys come in the same order in a larger table.
+std::size_t TIndiceDeNos::Proprio(std::uint32_t Hash) const noexcept
+{
+    constexpr unsigned Bits = 32;
+    return static_cast<std::size_t>((std::uint64_t{Hash} * FBaldes.size()) >> Bits);
+}
+
+// Where the key stands, or would.
+std::size_t TIndiceDeNos::Lugar(std::uint64_t Chave) const noexcept
+{
+    const std::uint32_t Hash = HashDe(Chave);
+    std::size_t L = Proprio(Hash);
+    while (FBaldes[L].Primeira != Nenhuma &&
+           (FBaldes[L].Hash != Hash || FEntradas[FBaldes[L].Primeira].Chave != Chave))
+        L = (L + 1) & (FBaldes.size() - 1);
+    return L;
 }
 
 std::uint32_t TIndiceDeNos::Acrescentar(std::uint64_t Chave, std::uint32_t Serie, TTreeNode *No)
 {
-    if (FQuantas >= FBaldes.size())
-        Crescer();
+    Crescer(FChaves + 1);
+    if (FEntradas.empty())
+        FEntradas.emplace_back();
     std::uint32_t Entrada = FLivre;
     if (Entrada != Nenhuma) {
         FLivre = FEntradas[Entrada].Proxima;
@@ -34,55 +55,79 @@ std::uint32_t TIndiceDeNos::Acrescentar(std::uint64_t Chave, std::uint32_t Serie
 void TIndiceDeNos::Ligar(std::uint32_t Entrada) noexcept
 {
     TEntrada &E = FEntradas[Entrada];
-    TBalde &B = FBaldes[Balde(E.Chave)];
-    E.Anterior = B.Ultima;
-    while (E.Anterior != Nenhuma && FEntradas[E.Anterior].Serie > E.Serie)
+    TBalde &B = FBaldes[Lugar(E.Chave)];
+    if (B.Primeira == Nenhuma) {
+        B = {HashDe(E.Chave), Entrada};
+        E.Anterior = Entrada;
+        ++FChaves;
+        return;
+    }
+    TEntrada &Primeira = FEntradas[B.Primeira];
+    if (E.Serie < Primeira.Serie) {
+        E.Anterior = std::exchange(Primeira.Anterior, Entrada);
+        E.Proxima = std::exchange(B.Primeira, Entrada);
+        return;
+    }
+    E.Anterior = Primeira.Anterior;
+    while (FEntradas[E.Anterior].Serie > E.Serie)
         E.Anterior = FEntradas[E.Anterior].Anterior;
-    std::uint32_t &Seguinte = E.Anterior != Nenhuma ? FEntradas[E.Anterior].Proxima : B.Primeira;
-    E.Proxima = Seguinte;
-    Seguinte = Entrada;
-    (E.Proxima != Nenhuma ? FEntradas[E.Proxima].Anterior : B.Ultima) = Entrada;
+    E.Proxima = std::exchange(FEntradas[E.Anterior].Proxima, Entrada);
+    (E.Proxima != Nenhuma ? FEntradas[E.Proxima] : Primeira).Anterior = Entrada;
 }
 
 void TIndiceDeNos::Retirar(std::uint32_t Entrada) noexcept
 {
     TEntrada &E = FEntradas[Entrada];
-    TBalde &B = FBaldes[Balde(E.Chave)];
-    (E.Anterior != Nenhuma ? FEntradas[E.Anterior].Proxima : B.Primeira) = E.Proxima;
-    (E.Proxima != Nenhuma ? FEntradas[E.Proxima].Anterior : B.Ultima) = E.Anterior;
+    const std::size_t L = Lugar(E.Chave);
+    std::uint32_t &Primeira = FBaldes[L].Primeira;
+    (Primeira == Entrada ? Primeira : FEntradas[E.Anterior].Proxima) = E.Proxima;
+    if (Primeira == Nenhuma)
+        Fechar(L);
+    else
+        FEntradas[E.Proxima != Nenhuma ? E.Proxima : Primeira].Anterior = E.Anterior;
     E.No = nullptr;
     E.Proxima = std::exchange(FLivre, Entrada);
     --FQuantas;
 }
 
-void TIndiceDeNos::Crescer()
+// A place has become free: a key further on that had found it taken moves into it, which frees that one's.
+void TIndiceDeNos::Fechar(std::size_t Livre) noexcept
 {
-    constexpr std::size_t Menor = 16;
-    std::vector<TBalde> Antigos(FBaldes.empty() ? Menor : FBaldes.size() * 2);
-    Antigos.swap(FBaldes);
-    for (const TBalde &B : Antigos)
-        for (std::uint32_t E = B.Primeira; E != Nenhuma;) {
-            const std::uint32_t Seguinte = FEntradas[E].Proxima;
-            Ligar(E);
-            E = Seguinte;
+    --FChaves;
+    const std::size_t Mascara = FBaldes.size() - 1;
+    for (std::size_t L = (Livre + 1) & Mascara; FBaldes[L].Primeira != Nenhuma; L = (L + 1) & Mascara)
+        if (((L - Proprio(FBaldes[L].Hash)) & Mascara) >= ((L - Livre) & Mascara)) {
+            FBaldes[Livre] = std::exchange(FBaldes[L], {});
+            Livre = L;
         }
 }
 
-std::uint32_t TIndiceDeNos::ComChave(std::uint32_t Entrada, std::uint64_t Chave) const noexcept
+void TIndiceDeNos::Reservar(std::size_t Entradas)
 {
-    while (Entrada != Nenhuma && FEntradas[Entrada].Chave != Chave)
-        Entrada = FEntradas[Entrada].Proxima;
-    return Entrada;
+    FEntradas.reserve(Entradas + 1);
+    Crescer(Entradas);
+}
+
+// Room for so many keys. A quarter of the places stays free, so that none is far from its own.
+void TIndiceDeNos::Crescer(std::size_t Chaves)
+{
+    constexpr std::size_t Menor = 16;
+    if (Chaves + Chaves / 3 < FBaldes.size())
+        return;
+    std::vector<TBalde> Antigos(std::bit_ceil(std::max(Menor, Chaves + Chaves / 3 + 1)));
+    Antigos.swap(FBaldes);
+    for (const TBalde &B : Antigos)
+        if (B.Primeira != Nenhuma) {
+            std::size_t L = Proprio(B.Hash);
+            while (FBaldes[L].Primeira != Nenhuma)
+                L = (L + 1) & (FBaldes.size() - 1);
+            FBaldes[L] = B;
+        }
 }
 
 std::uint32_t TIndiceDeNos::Primeira(std::uint64_t Chave) const noexcept
 {
-    return FBaldes.empty() ? Nenhuma : ComChave(FBaldes[Balde(Chave)].Primeira, Chave);
-}
-
-std::uint32_t TIndiceDeNos::Proxima(std::uint32_t Entrada) const noexcept
-{
-    return ComChave(FEntradas[Entrada].Proxima, FEntradas[Entrada].Chave);
+    return FBaldes.empty() ? Nenhuma : FBaldes[Lugar(Chave)].Primeira;
 }
 
 } // namespace Sibrel

@@ -15,15 +15,27 @@ constexpr std::size_t ListaCurta = 24;
 
 constexpr unsigned char MenorNaoAscii = 0x80;
 
-bool Ascii(QByteArrayView Texto) noexcept
+constexpr bool Ascii(char C) noexcept
 {
-    return std::all_of(Texto.begin(), Texto.end(),
-                       [](char C) { return static_cast<unsigned char>(C) < MenorNaoAscii; });
+    return static_cast<unsigned char>(C) < MenorNaoAscii;
 }
 
 constexpr char Minuscula(char C) noexcept
 {
     return C >= 'A' && C <= 'Z' ? static_cast<char>(C - 'A' + 'a') : C;
+}
+
+std::optional<char32_t> LetraDeDoisBytes(QByteArrayView Texto) noexcept
+{
+    constexpr unsigned Bits = 6;
+    constexpr unsigned PrimeiroMenor = 0xC2;
+    constexpr unsigned PrimeiroMaior = 0xDF;
+    constexpr unsigned Continuacao = 0x80;
+    const auto A = static_cast<unsigned char>(Texto[0]);
+    const auto B = Texto.size() > 1 ? static_cast<unsigned char>(Texto[1]) : 0U;
+    if (A < PrimeiroMenor || A > PrimeiroMaior || (B >> Bits) != (Continuacao >> Bits))
+        return std::nullopt;
+    return char32_t{(A & 0x1FU) << Bits | (B & 0x3FU)};
 }
 
 } // namespace
@@ -44,11 +56,15 @@ bool MesmoNome(QByteArrayView A, QByteArrayView B) noexcept
 {
     if (A == B)
         return true;
-    if (Ascii(A) && Ascii(B))
-        return A.size() == B.size() && std::equal(A.begin(), A.end(), B.begin(), [](char X, char Y) {
-                   return Minuscula(X) == Minuscula(Y);
-               });
-    return MesmoTexto(QString::fromUtf8(A), QString::fromUtf8(B));
+    // Letters are folded one by one: the first pair that differs decides, which nearly always lies in what
+    // both have in ASCII.
+    qsizetype Lidos = 0;
+    for (; Lidos < A.size() && Lidos < B.size() && Ascii(A[Lidos]) && Ascii(B[Lidos]); ++Lidos)
+        if (Minuscula(A[Lidos]) != Minuscula(B[Lidos]))
+            return false;
+    if (Lidos == A.size() || Lidos == B.size())
+        return A.size() == B.size();
+    return MesmoTexto(QString::fromUtf8(A.sliced(Lidos)), QString::fromUtf8(B.sliced(Lidos)));
 }
 
 std::uint64_t HashDoNome(QByteArrayView Nome) noexcept
@@ -56,14 +72,31 @@ std::uint64_t HashDoNome(QByteArrayView Nome) noexcept
     constexpr std::uint64_t Base = 0xCBF29CE484222325U;
     constexpr std::uint64_t Primo = 0x100000001B3U;
     std::uint64_t Hash = Base;
-    if (Ascii(Nome)) {
-        for (const char C : Nome)
-            Hash = (Hash ^ static_cast<unsigned char>(Minuscula(C))) * Primo;
-        return Hash;
+    const auto Juntar = [&](char32_t C) { Hash = (Hash ^ C) * Primo; };
+    // By folded code points, since a letter outside ASCII may fold to one inside. Letters of one and two
+    // bytes are all that a name of ours has.
+    qsizetype Lidos = 0;
+    while (Lidos < Nome.size()) {
+        if (Ascii(Nome[Lidos])) {
+            Juntar(static_cast<unsigned char>(Minuscula(Nome[Lidos++])));
+        } else if (const auto C = LetraDeDoisBytes(Nome.sliced(Lidos))) {
+            Juntar(QChar::toCaseFolded(*C));
+            Lidos += 2;
+        } else {
+            break;
+        }
     }
-    // By folded code points, since a letter outside ASCII may fold to one inside.
-    for (const char32_t C : QString::fromUtf8(Nome).toStdU32String())
-        Hash = (Hash ^ QChar::toCaseFolded(C)) * Primo;
+    if (Lidos == Nome.size())
+        return Hash;
+    const QString Resto = QString::fromUtf8(Nome.sliced(Lidos));
+    for (qsizetype I = 0; I < Resto.size(); ++I) {
+        char32_t C = Resto[I].unicode();
+        if (Resto[I].isHighSurrogate() && I + 1 < Resto.size()) {
+            C = QChar::surrogateToUcs4(Resto[I], Resto[I + 1]);
+            ++I;
+        }
+        Juntar(QChar::toCaseFolded(C));
+    }
     return Hash;
 }
 

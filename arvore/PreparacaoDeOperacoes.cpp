@@ -45,7 +45,8 @@ bool TPreparaAtualizacao::PrepararTudo()
         FElementoAtual = {};
         ComVista([&](TTreeViewXML &Vista) { Vista.AtribuirDataHora(Quando); });
     }
-    for (const TCursorXML &Filho : Raiz.TCursorXML::Filhos())
+    FClasses.resize(FDocumento->Nomes());
+    for (const TCursorXML &Filho : FDocumento->Raiz().Filhos())
         if (!PrepararTratamento(nullptr, nullptr, Filho))
             return false;
     return true;
@@ -76,28 +77,38 @@ bool TPreparaAtualizacao::TratarElemento(TAtualizacao *AtualizacaoPai, TTreeNode
         return true;
     VerificarCancelamento();
     if (*Classe) {
-        auto Nova = std::make_unique<TAtualizacao>();
-        TAtualizacao &A = *Nova;
+        AtualizacaoPai = &NovaOperacao(AtualizacaoPai, NoPai, NoXML, *Classe);
+        NoPai = AtualizacaoPai->No;
+    }
+    if (AtualizacaoPai != nullptr && AtualizacaoPai->Operacao == TOperacoes::exclusao)
+        return true;
+    for (const TCursorXML &Filho : NoXML.Filhos())
+        if (!SemClasse(Filho) && !PrepararTratamento(AtualizacaoPai, NoPai, Filho))
+            return false;
+    return true;
+}
+
+TAtualizacao &TPreparaAtualizacao::NovaOperacao(TAtualizacao *AtualizacaoPai, TTreeNode *NoPai,
+                                                const TCursorXML &NoXML, const TRefNoXML &Classe)
+{
+    TAtualizacao &A = FDeposito.Novo();
+    try {
         A.NoPai = NoPai;
         A.AtualizacaoPai = AtualizacaoPai;
-        A.NoXML = NoXML.Guardar();
-        A.ClasseNo = *Classe;
-        A.No = ProcurarNoPeloXML(*FNos, FAtributoNome, NoPai, A.NoXML, *Classe);
+        A.NoXML = IXMLNode(FDocumento, NoXML);
+        A.ClasseNo = Classe;
+        A.No = ProcurarNoPeloXML(*FNos, FAtributoNome, NoPai, A.NoXML, Classe);
         if (!Visivel(NoXML))
             A.Operacao = TOperacoes::exclusao;
         else
             A.Operacao = A.No == nullptr ? TOperacoes::inclusao : TOperacoes::alteracao;
         DoConfiguraOperacao(A);
-        Enfileirar(std::move(Nova));
-        AtualizacaoPai = &A;
-        NoPai = A.No;
+        Enfileirar(A);
+    } catch (...) {
+        FDeposito.Desfazer();
+        throw;
     }
-    if (AtualizacaoPai != nullptr && AtualizacaoPai->Operacao == TOperacoes::exclusao)
-        return true;
-    for (const TCursorXML &Filho : NoXML.Filhos())
-        if (!PrepararTratamento(AtualizacaoPai, NoPai, Filho))
-            return false;
-    return true;
+    return A;
 }
 
 bool TPreparaAtualizacao::Perguntar(const TCursorXML &NoXML, const std::exception_ptr &Erro)
@@ -114,14 +125,21 @@ bool TPreparaAtualizacao::Perguntar(const TCursorXML &NoXML, const std::exceptio
     return FResposta;
 }
 
-// Names are shared inside a document, so that one address is one name.
 const std::optional<TRefNoXML> &TPreparaAtualizacao::ClasseDe(const TCursorXML &NoXML)
 {
-    const QString Nome = NoXML.NodeName();
-    const auto [Lugar, Nova] = FClasses.try_emplace(Nome.constData());
-    if (Nova)
-        Lugar->second = {Nome, RegistroDeClasses().Obter(Nome)};
-    return Lugar->second.second;
+    TClasse &C = FClasses[NoXML.NumeroDoNome()];
+    if (!C.Procurada) {
+        C.Classe = RegistroDeClasses().Obter(NoXML.NodeName());
+        C.Procurada = true;
+    }
+    return C.Classe;
+}
+
+// Nearly all nodes of a document are texts and items of lists: known to be none of ours, they are passed by.
+bool TPreparaAtualizacao::SemClasse(const TCursorXML &NoXML) const noexcept
+{
+    const TClasse &C = FClasses[NoXML.NumeroDoNome()];
+    return C.Procurada && !C.Classe;
 }
 
 bool TPreparaAtualizacao::Visivel(const TCursorXML &NoXML)
@@ -139,16 +157,15 @@ void TPreparaAtualizacao::DoConfiguraOperacao(TAtualizacao &A)
         ComVista([&](TTreeViewXML &) { FAoConfigurarOperacao(*this, A); });
 }
 
-void TPreparaAtualizacao::Enfileirar(std::unique_ptr<TAtualizacao> A)
+void TPreparaAtualizacao::Enfileirar(TAtualizacao &A)
 {
-    if (A->Operacao == TOperacoes::exclusao)
-        RetirarOperacoes(A->No);
-    std::vector<std::size_t> &Lugares = A->No != nullptr ? FPorNo[A->No] : FSemNo;
-    Lugares.push_back(FOperacoes.size());
+    if (A.Operacao == TOperacoes::exclusao)
+        RetirarOperacoes(A.No);
+    FAlvos.push_back(A.No);
     try {
-        FOperacoes.push_back(std::move(A));
+        FOperacoes.push_back(&A);
     } catch (...) {
-        Lugares.pop_back(); // the next operation takes that place
+        FAlvos.pop_back(); // the next operation takes that place
         throw;
     }
 }
@@ -156,15 +173,28 @@ void TPreparaAtualizacao::Enfileirar(std::unique_ptr<TAtualizacao> A)
 // Also for no node: a deletion that found none withdraws all insertions so far.
 void TPreparaAtualizacao::RetirarOperacoes(TTreeNode *No)
 {
-    std::vector<std::size_t> &Lugares = No != nullptr ? FPorNo[No] : FSemNo;
-    for (const std::size_t Lugar : Lugares) {
-        // Kept apart: operations below it still point at it. Gone already when memory ended here before.
-        if (TAtualizacao *A = FOperacoes[Lugar].get(); A != nullptr) {
-            FRetiradas.push_back(std::move(FOperacoes[Lugar]));
-            A->Retirada = true;
-        }
+    if (No == nullptr) {
+        for (; FSemNo < FAlvos.size(); ++FSemNo)
+            if (FAlvos[FSemNo] == nullptr)
+                RetirarOperacao(FSemNo);
+        return;
     }
-    Lugares.clear();
+    const auto Chave = [](const TTreeNode *Alvo) { return reinterpret_cast<std::uintptr_t>(Alvo); };
+    for (; FIndexados < FAlvos.size(); ++FIndexados)
+        if (TTreeNode *Alvo = FAlvos[FIndexados]; Alvo != nullptr)
+            FPorAlvo.Acrescentar(Chave(Alvo), static_cast<std::uint32_t>(FIndexados), Alvo);
+    for (auto E = FPorAlvo.Primeira(Chave(No)); E != TIndiceDeNos::Nenhuma;) {
+        const auto Seguinte = FPorAlvo.Proxima(E);
+        RetirarOperacao(FPorAlvo.Serie(E));
+        FPorAlvo.Retirar(E);
+        E = Seguinte;
+    }
+}
+
+void TPreparaAtualizacao::RetirarOperacao(std::size_t Lugar) noexcept
+{
+    FOperacoes[Lugar]->Retirada = true; // it lives on: operations below it point at it
+    FOperacoes[Lugar] = nullptr;
 }
 
 } // namespace Sibrel

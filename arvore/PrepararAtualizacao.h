@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "arvore/IndiceDeNos.h"
 #include "arvore/TreeNodeXML.h"
+#include "plataforma/Deposito.h"
 #include "plataforma/Exportacao.h"
 #include "plataforma/LocalizadorXML.h"
 #include "plataforma/Modulo.h"
@@ -19,8 +21,6 @@
 #include <mutex>
 #include <optional>
 #include <thread>
-#include <unordered_map>
-#include <utility>
 #include <vector>
 
 namespace Sibrel
@@ -103,9 +103,9 @@ public:
     QObject *Contexto() const noexcept { return FContexto; }
     /// The view, null once it has gone. GUI thread.
     TTreeViewXML *Arvore() const noexcept { return FArvore; }
-    /// The operations, in the order in which they were made; some may be null. On the update's thread, or
-    /// while progress is told.
-    const std::vector<std::unique_ptr<TAtualizacao>> &Operacoes() const noexcept { return FOperacoes; }
+    /// The operations, in the order in which they were made; some may be null. They are the update's and go
+    /// with it. On the update's thread, or while progress is told.
+    const std::vector<TAtualizacao *> &Operacoes() const noexcept { return FOperacoes; }
     /// What has failed so far, in order: elements, and at the end what ended the update. While progress is
     /// told.
     const std::vector<TFalhaDeAtualizacao> &Falhas() const noexcept { return FFalhas; }
@@ -129,8 +129,10 @@ private:
     };
     enum class TPedido : std::uint8_t { Nenhum, Progresso, Passos, Pergunta };
     using TRelogio = std::chrono::steady_clock;
-    // The name is kept: its address is the key.
-    using TClasses = std::unordered_map<const QChar *, std::pair<QString, std::optional<TRefNoXML>>>;
+    struct TClasse {
+        std::optional<TRefNoXML> Classe;
+        bool Procurada = false;
+    };
 
     // GUI thread
     void Abrir();
@@ -175,11 +177,15 @@ private:
     bool PrepararTratamento(TAtualizacao *AtualizacaoPai, TTreeNode *NoPai, const TCursorXML &NoXML);
     bool TratarElemento(TAtualizacao *AtualizacaoPai, TTreeNode *NoPai, const TCursorXML &NoXML);
     bool Perguntar(const TCursorXML &NoXML, const std::exception_ptr &Erro);
+    TAtualizacao &NovaOperacao(TAtualizacao *AtualizacaoPai, TTreeNode *NoPai, const TCursorXML &NoXML,
+                               const TRefNoXML &Classe);
     const std::optional<TRefNoXML> &ClasseDe(const TCursorXML &NoXML);
+    bool SemClasse(const TCursorXML &NoXML) const noexcept;
     static bool Visivel(const TCursorXML &NoXML);
     void DoConfiguraOperacao(TAtualizacao &Atualizacao);
-    void Enfileirar(std::unique_ptr<TAtualizacao> Atualizacao);
+    void Enfileirar(TAtualizacao &Atualizacao);
     void RetirarOperacoes(TTreeNode *No);
+    void RetirarOperacao(std::size_t Lugar) noexcept;
     void Atualizar();
     bool Realizar(TAtualizacao &A);
     bool Incluir(TAtualizacao &A);
@@ -200,11 +206,13 @@ private:
     QObject *FContexto;
     TXMLDocument::TReferencia FDocumento;
 
-    std::vector<std::unique_ptr<TAtualizacao>> FOperacoes;
-    std::vector<std::unique_ptr<TAtualizacao>> FRetiradas;
-    std::unordered_map<TTreeNode *, std::vector<std::size_t>> FPorNo;
-    std::vector<std::size_t> FSemNo; // places of the operations without a node
-    TClasses FClasses;
+    TDeposito<TAtualizacao> FDeposito;
+    std::vector<TAtualizacao *> FOperacoes; // null where one was withdrawn
+    std::vector<TTreeNode *> FAlvos;        // the node of each when it was queued
+    TIndiceDeNos FPorAlvo;                  // their places by node, as far as a deletion has asked for them:
+    std::size_t FIndexados = 0;             // up to here
+    std::size_t FSemNo = 0;                 // those without a node are withdrawn up to here
+    std::vector<TClasse> FClasses;          // by the number of the name
     std::vector<TFalhaDeAtualizacao> FFalhas;
     QString FArquivoDeErro;
     std::unique_ptr<char[]> FReserva; // memory for a failure

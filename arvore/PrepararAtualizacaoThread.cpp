@@ -74,7 +74,7 @@ void TPreparaAtualizacao::Etapas()
     Progresso(0, 0);
     if (!PrepararAtualizacao())
         throw Exception(XMLInvalido());
-    std::erase_if(FOperacoes, [](const std::unique_ptr<TAtualizacao> &A) { return A == nullptr; });
+    std::erase(FOperacoes, nullptr);
     IrParaEtapa(QStringLiteral("Atualização"));
     Progresso(0, static_cast<int>(FOperacoes.size()));
     Atualizar();

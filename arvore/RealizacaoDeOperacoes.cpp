@@ -6,28 +6,63 @@
 #include "plataforma/SeparadorDecimal.h"
 
 #include <algorithm>
+#include <mutex>
+#include <typeinfo>
 
 namespace Sibrel
 {
+
+namespace
+{
+
+bool DaArvore(const TTreeNode *No) noexcept
+{
+    return No != nullptr && typeid(*No) == typeid(TTreeNodeXML);
+}
+
+// Done in no time: the clock need not be asked after each. What a host's class does may take any time, and
+// so may a deletion.
+bool Ligeira(const TAtualizacao &A) noexcept
+{
+    return A.Operacao != TOperacoes::exclusao && DaArvore(A.No);
+}
+
+constexpr unsigned OperacoesPorOlhada = 16;
+
+// A node of the tree's own class, not in the tree yet.
+std::exception_ptr Carregar(TTreeNodeXML &No, const IXMLNode &NoXML) noexcept
+{
+    try {
+        No.AtribuirNoXML(NoXML);
+        No.Expand();
+        return nullptr;
+    } catch (...) {
+        return std::current_exception();
+    }
+}
+
+} // namespace
 
 void TPreparaAtualizacao::Atualizar()
 {
     if (SeparadorDecimal() != u'.')
         AtribuirSeparadorDecimal(u'.');
-    FReservar = std::any_of(FOperacoes.begin(), FOperacoes.end(), [](const auto &A) {
+    FReservar = std::any_of(FOperacoes.begin(), FOperacoes.end(), [](const TAtualizacao *A) {
         return A->Operacao == TOperacoes::exclusao && A->No == nullptr;
     });
     if (FReservar)
-        for (const auto &A : FOperacoes)
+        for (const TAtualizacao *A : FOperacoes)
             if (A->No != nullptr)
                 FNos->Reservar(*A->No, true);
     FUltimaEntrega = TRelogio::now();
-    for (const auto &A : FOperacoes) {
+    unsigned SemOlharORelogio = 0;
+    for (TAtualizacao *A : FOperacoes) {
         VerificarCancelamento();
         FElementoAtual = static_cast<const TCursorXML &>(A->NoXML);
         if (Realizar(*A))
             ++FUltimoPasso;
-        TalvezEntregar();
+        if (!Ligeira(*A) || ++SemOlharORelogio % OperacoesPorOlhada == 0)
+            TalvezEntregar();
     }
     FElementoAtual = {};
 }
@@ -58,22 +93,23 @@ bool TPreparaAtualizacao::Incluir(TAtualizacao &A)
         return false;
     std::unique_ptr<TTreeNodeXML> Novo = NovoNoXML(*FNos, A.ClasseNo);
     TTreeNodeXML *No = Novo.get();
+    const bool Propria = A.ClasseNo == TRefNoXML::De<TTreeNodeXML>();
     {
-        // The tree's own class loads in no time and is seen only when it is ready; a host's class may take
-        // as long as it likes, and the window goes on working meanwhile.
+        // The tree's own class loads in no time and comes into the tree ready, indexed but once; a host's
+        // class may take as long as it likes, and the window goes on working meanwhile.
         const std::lock_guard Guarda(FNos->Trava());
         if (A.NoPai != nullptr && !A.NoPai->NaArvore())
             return false; // deleted meanwhile
+        const std::exception_ptr Erro = Propria ? Carregar(*No, A.NoXML) : nullptr;
         FNos->AddNode(std::move(Novo), A.NoPai);
         A.No = No;
         if (FReservar)
             FNos->Reservar(*No, true);
-        if (A.ClasseNo == TRefNoXML::De<TTreeNodeXML>()) {
-            No->AtribuirNoXML(A.NoXML);
-            No->Expand();
-            return true;
-        }
+        if (Erro)
+            std::rethrow_exception(Erro); // what came before it in the element is there to be seen
     }
+    if (Propria)
+        return true;
     if (No->AtribuirNoXML(A.NoXML))
         No->Expand();
     else
@@ -84,6 +120,9 @@ bool TPreparaAtualizacao::Incluir(TAtualizacao &A)
 bool TPreparaAtualizacao::Alterar(TAtualizacao &A)
 {
     auto *No = dynamic_cast<TTreeNodeXML *>(A.No);
+    std::unique_lock Guarda(FNos->Trava(), std::defer_lock);
+    if (DaArvore(No))
+        Guarda.lock(); // once: a host's class loads without it
     if (No == nullptr || !No->NaArvore())
         return false;
     if (!No->AtribuirNoXML(A.NoXML))
@@ -112,15 +151,14 @@ void TPreparaAtualizacao::LiberarOperacoes()
 {
     if (FReservar) {
         const std::lock_guard Guarda(FNos->Trava());
-        for (const auto &A : FOperacoes)
-            if (A && A->No != nullptr)
+        for (const TAtualizacao *A : FOperacoes)
+            if (A != nullptr && A->No != nullptr)
                 FNos->Reservar(*A->No, false);
     }
-    FOperacoes.clear();
-    FOperacoes.shrink_to_fit();
-    FRetiradas.clear();
-    FPorNo.clear();
-    FSemNo = std::vector<std::size_t>();
+    FOperacoes = std::vector<TAtualizacao *>();
+    FAlvos = std::vector<TTreeNode *>();
+    FPorAlvo = TIndiceDeNos();
+    FDeposito.Limpar();
 }
 
 } // namespace Sibrel

@@ -182,7 +182,11 @@ void TTreeNodeXML::Marcar(TMarcaXML M, bool Sim)
     const TGuarda Guarda(Owner().Trava());
     if (Marcado(M) == Sim)
         return;
-    Mudando([&] { FMarcasDaClasse = static_cast<std::uint8_t>(FMarcasDaClasse ^ M); });
+    const auto Trocar = [&] { FMarcasDaClasse = static_cast<std::uint8_t>(FMarcasDaClasse ^ M); };
+    if (M == MarcaLink)
+        return Mudando(MudaMarcas, Trocar);
+    Trocar(); // no index knows of it
+    Mudou();
 }
 
 QString TTreeNodeXML::ObterXMLStrings(const TTagsDeLista &Tags, const TStrings &Lista)
@@ -226,6 +230,12 @@ QByteArray TTreeNodeXML::LegendaDoElemento(const TCursorXML &No)
     return Texto ? Texto->toByteArray() : No.NodeName().toUtf8();
 }
 
+bool TTreeNodeXML::PedeLink(const TCursorXML &No) noexcept
+{
+    const auto Elo = No.AttributeUtf8(_LINK_);
+    return Elo && Elo->compare("sim", Qt::CaseInsensitive) == 0;
+}
+
 void TTreeNodeXML::VerificarNumeros(const TCursorXML &No)
 {
     for (const QStringView Nome : {_COR_, _SIMBOLO_})
@@ -239,7 +249,7 @@ bool TTreeNodeXML::AtribuirNoXML(const IXMLNode &No)
     if (const auto DaCor = No.AttributeUtf8(_COR_))
         AtribuirCor(Inteiro(*DaCor));
     Montar(No);
-    if (const auto Elo = No.Attribute(_LINK_); Elo && Elo->toLower() == u"sim")
+    if (PedeLink(No))
         TransformarEmLink();
     return true;
 }
@@ -292,9 +302,14 @@ void TTreeNodeXML::TratarInformacoes(const TCursorXML &No)
 
 TTreeNodeXML *TTreeNodeXML::ObterNoLink() const
 {
+    return Alvo(nullptr);
+}
+
+TTreeNodeXML *TTreeNodeXML::Alvo(const TTreeNode *Menos) const
+{
     const TGuarda Guarda(Owner().Trava());
     const TTreeNodesXML *Todos = Nos();
-    return Todos != nullptr ? Todos->ObterNo(TIdentificacao(Textos())) : nullptr;
+    return Todos != nullptr ? Todos->ObterNo(TIdentificacao(Textos()), Menos) : nullptr;
 }
 
 bool TTreeNodeXML::TransformarEmLink()
@@ -302,23 +317,22 @@ bool TTreeNodeXML::TransformarEmLink()
     const TGuarda Guarda(Owner().Trava());
     if (Link())
         return true;
-    Marcar(MarcaLink, true); // first, so that the search passes this node by
-    const TTreeNodeXML *Alvo = ObterNoLink();
-    if (Alvo != nullptr)
-        CopiarAparencia(*Alvo);
-    else
-        Marcar(MarcaLink, false);
-    return Alvo != nullptr;
+    const TTreeNodeXML *Outro = Alvo(this);
+    if (Outro == nullptr)
+        return false;
+    Marcar(MarcaLink, true);
+    CopiarAparencia(*Outro);
+    return true;
 }
 
-void TTreeNodeXML::CopiarAparencia(const TTreeNodeXML &Alvo)
+void TTreeNodeXML::CopiarAparencia(const TTreeNodeXML &Outro)
 {
-    AtribuirCor(Alvo.Cor());
-    AtribuirApagado(Alvo.ObterApagado());
-    const QByteArrayView Legenda = Alvo.Textos().ObterLegenda();
+    AtribuirCor(Outro.Cor());
+    AtribuirApagado(Outro.ObterApagado());
+    const QByteArrayView Legenda = Outro.Textos().ObterLegenda();
     TrocarTextos(TTextosCompactos::Legenda, {&Legenda, 1});
-    AtribuirImageIndex(Alvo.ImageIndex());
-    AtribuirSelectedIndex(Alvo.SelectedIndex());
+    AtribuirImageIndex(Outro.ImageIndex());
+    AtribuirSelectedIndex(Outro.SelectedIndex());
 }
 
 bool TTreeNodeXML::Identifica(const TStrings &Lista) const

@@ -120,6 +120,8 @@ public:
 
     /// The caption that this class gives to an element that is no link, in UTF-8.
     static QByteArray LegendaDoElemento(const TCursorXML &No);
+    /// Does the element ask for a link ("Link" is "sim", in any letter case)?
+    static bool PedeLink(const TCursorXML &No) noexcept;
     /// EConvertError when loading the element would raise it.
     static void VerificarNumeros(const TCursorXML &No);
 
@@ -131,8 +133,9 @@ private:
     TTreeNodesXML *Nos() const noexcept;
     bool Marcado(TMarcaXML M) const noexcept { return (FMarcasDaClasse & M) != 0; }
     void Marcar(TMarcaXML M, bool Sim);
+    TTreeNodeXML *Alvo(const TTreeNode *Menos) const;
     void Montar(const TCursorXML &No);
-    void CopiarAparencia(const TTreeNodeXML &Alvo);
+    void CopiarAparencia(const TTreeNodeXML &Outro);
 
     std::int32_t FCor = 0;
 };

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <mutex>
 #include <new>
+#include <utility>
 
 namespace Sibrel
 {
@@ -19,6 +20,9 @@ namespace
 
 // Fewer siblings than this are walked.
 constexpr int MuitosIrmaos = 16;
+
+// What the index of identifications goes by.
+constexpr TTreeNode::TMudancas DaIdentificacao = TTreeNode::MudaListaA | TTreeNode::MudaMarcas;
 
 bool ComecaCom(QByteArrayView Texto, QByteArrayView Comeco) noexcept
 {
@@ -64,6 +68,7 @@ const TIndiceDeNos &TTreeNodesXML::Identificacoes() const
     if (!FIdentificacoes) {
         FIdentificacoes = std::make_unique<TIndiceDeNos>();
         try {
+            FIdentificacoes->Reservar(static_cast<std::size_t>(Count()));
             for (TTreeNode *No = GetFirstNode(); No != nullptr; No = No->GetNext())
                 IndexarIdentificacao(*No);
         } catch (...) {
@@ -82,6 +87,7 @@ const TIndiceDeNos *TTreeNodesXML::Legendas(const TTreeNode *Pai) const
         return nullptr;
     try {
         TIndiceDeNos &Indice = FLegendas[Pai];
+        Indice.Reservar(static_cast<std::size_t>(QuantosFilhos(Pai)));
         for (TTreeNode *No = PrimeiroFilho(Pai); No != nullptr; No = No->GetNextSibling())
             EntradaDe(*No, PorLegenda) =
                 Indice.Acrescentar(ChaveDaLegenda(TextosDe(*No).ObterLegenda()), Serie(*No), No);
@@ -115,11 +121,11 @@ void TTreeNodesXML::IndexarIdentificacao(TTreeNode &No) const
 }
 
 // The node is in the tree already: nothing may be raised any more.
-void TTreeNodesXML::Indexar(TTreeNode &No) const noexcept
+void TTreeNodesXML::Indexar(TTreeNode &No, TTreeNode::TMudancas Quais) const noexcept
 try {
-    if (FIdentificacoes)
+    if (FIdentificacoes && (Quais & DaIdentificacao) != 0)
         IndexarIdentificacao(No);
-    if (FLegendas.empty())
+    if (FLegendas.empty() || (Quais & TTreeNode::MudaLegenda) == 0)
         return;
     if (const auto Irmaos = FLegendas.find(No.Parent()); Irmaos != FLegendas.end())
         EntradaDe(No, PorLegenda) =
@@ -128,31 +134,29 @@ try {
     EsquecerIndices();
 }
 
-void TTreeNodesXML::Desindexar(TTreeNode &No) const
+void TTreeNodesXML::Desindexar(TTreeNode &No, TTreeNode::TMudancas Quais) const
 {
-    std::uint32_t &DaIdentificacao = EntradaDe(No, PorIdentificacao);
-    if (DaIdentificacao != TIndiceDeNos::Nenhuma)
-        FIdentificacoes->Retirar(DaIdentificacao);
-    DaIdentificacao = TIndiceDeNos::Nenhuma;
-    std::uint32_t &DaLegenda = EntradaDe(No, PorLegenda);
-    if (DaLegenda != TIndiceDeNos::Nenhuma)
-        FLegendas.at(No.Parent()).Retirar(DaLegenda);
-    DaLegenda = TIndiceDeNos::Nenhuma;
+    std::uint32_t &Identificada = EntradaDe(No, PorIdentificacao);
+    if ((Quais & DaIdentificacao) != 0 && Identificada != TIndiceDeNos::Nenhuma)
+        FIdentificacoes->Retirar(std::exchange(Identificada, TIndiceDeNos::Nenhuma));
+    std::uint32_t &ComLegenda = EntradaDe(No, PorLegenda);
+    if ((Quais & TTreeNode::MudaLegenda) != 0 && ComLegenda != TIndiceDeNos::Nenhuma)
+        FLegendas.at(No.Parent()).Retirar(std::exchange(ComLegenda, TIndiceDeNos::Nenhuma));
 }
 
 void TTreeNodesXML::DepoisDeInserir(TTreeNode &No)
 {
-    Indexar(No);
+    Indexar(No, TTreeNode::MudaTudo);
 }
 
-void TTreeNodesXML::AntesDeMudar(TTreeNode &No)
+void TTreeNodesXML::AntesDeMudar(TTreeNode &No, TTreeNode::TMudancas Quais)
 {
-    Desindexar(No);
+    Desindexar(No, Quais);
 }
 
-void TTreeNodesXML::DepoisDeMudar(TTreeNode &No)
+void TTreeNodesXML::DepoisDeMudar(TTreeNode &No, TTreeNode::TMudancas Quais)
 {
-    Indexar(No);
+    Indexar(No, Quais);
 }
 
 void TTreeNodesXML::AntesDeRetirar(TTreeNode &No)
@@ -161,7 +165,7 @@ void TTreeNodesXML::AntesDeRetirar(TTreeNode &No)
     std::uint32_t &DaLegenda = EntradaDe(No, PorLegenda);
     if (DaLegenda != TIndiceDeNos::Nenhuma && !FLegendas.contains(No.Parent()))
         DaLegenda = TIndiceDeNos::Nenhuma;
-    Desindexar(No);
+    Desindexar(No, TTreeNode::MudaTudo);
     if (!FLegendas.empty())
         FLegendas.erase(&No);
 }
@@ -172,7 +176,7 @@ void TTreeNodesXML::AntesDeLimpar()
     FLegendas.clear();
 }
 
-TTreeNodeXML *TTreeNodesXML::ObterNo(const TIdentificacao &Lista) const
+TTreeNodeXML *TTreeNodesXML::ObterNo(const TIdentificacao &Lista, const TTreeNode *Menos) const
 {
     const TGuarda Guarda(Trava());
     if (Lista.Vazia())
@@ -180,7 +184,7 @@ TTreeNodeXML *TTreeNodesXML::ObterNo(const TIdentificacao &Lista) const
     if (!Lista.Chave()) {
         for (TTreeNode *No = GetFirstNode(); No != nullptr; No = No->GetNext())
             if (auto *XML = dynamic_cast<TTreeNodeXML *>(No);
-                XML != nullptr && !XML->Link() && XML->Identifica(Lista))
+                XML != nullptr && XML != Menos && !XML->Link() && XML->Identifica(Lista))
                 return XML;
         return nullptr;
     }
@@ -189,10 +193,17 @@ TTreeNodeXML *TTreeNodesXML::ObterNo(const TIdentificacao &Lista) const
     for (auto E = Indice.Primeira(ComLink(*Lista.Chave(), false)); E != TIndiceDeNos::Nenhuma;
          E = Indice.Proxima(E)) {
         TTreeNode *No = Indice.No(E);
-        if (Lista.Identifica(TextosDe(*No)) && (Primeiro == nullptr || Antes(No, Primeiro)))
+        if (No != Menos && Lista.Identifica(TextosDe(*No)) && (Primeiro == nullptr || Antes(No, Primeiro)))
             Primeiro = No;
     }
     return static_cast<TTreeNodeXML *>(Primeiro);
+}
+
+std::optional<QByteArray> TTreeNodesXML::ObterLegenda(const TIdentificacao &Lista) const
+{
+    const TGuarda Guarda(Trava());
+    const TTreeNode *No = ObterNo(Lista);
+    return No != nullptr ? std::optional(TextosDe(*No).ObterLegenda().toByteArray()) : std::nullopt;
 }
 
 std::vector<TTreeNodeXML *> TTreeNodesXML::ObterNos(const TIdentificacao &Lista) const

@@ -6,11 +6,13 @@
 #include "plataforma/Exportacao.h"
 #include "plataforma/TreeNodes.h"
 
+#include <QByteArray>
 #include <QStringView>
 
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <unordered_map>
 #include <vector>
 
@@ -37,8 +39,10 @@ public:
     TTreeNodesXML();
     ~TTreeNodesXML() override;
 
-    /// The first node in tree order that is no link and that the list identifies.
-    TTreeNodeXML *ObterNo(const TIdentificacao &Lista) const;
+    /// The first node in tree order that is no link and that the list identifies, `Menos` left out.
+    TTreeNodeXML *ObterNo(const TIdentificacao &Lista, const TTreeNode *Menos = nullptr) const;
+    /// The caption of that node in UTF-8; nothing when there is none.
+    std::optional<QByteArray> ObterLegenda(const TIdentificacao &Lista) const;
     /// All nodes that the list identifies, links too, in tree order.
     std::vector<TTreeNodeXML *> ObterNos(const TIdentificacao &Lista) const;
     /// The first child of `Pai` (top level when null) with that caption, to the letter, that is a
@@ -52,8 +56,8 @@ public:
 protected:
     void DepoisDeInserir(TTreeNode &No) override;
     void AntesDeRetirar(TTreeNode &No) override;
-    void AntesDeMudar(TTreeNode &No) override;
-    void DepoisDeMudar(TTreeNode &No) override;
+    void AntesDeMudar(TTreeNode &No, TTreeNode::TMudancas Quais) override;
+    void DepoisDeMudar(TTreeNode &No, TTreeNode::TMudancas Quais) override;
     void AntesDeLimpar() override;
 
 private:
@@ -64,9 +68,9 @@ private:
     static std::uint64_t ComLink(std::uint64_t Chave, bool Link) noexcept;
     const TIndiceDeNos &Identificacoes() const;
     const TIndiceDeNos *Legendas(const TTreeNode *Pai) const;
-    void Indexar(TTreeNode &No) const noexcept;
+    void Indexar(TTreeNode &No, TTreeNode::TMudancas Quais) const noexcept;
     void EsquecerIndices() const noexcept;
-    void Desindexar(TTreeNode &No) const;
+    void Desindexar(TTreeNode &No, TTreeNode::TMudancas Quais) const;
     void IndexarIdentificacao(TTreeNode &No) const;
     TTreeNode *NoCaminho(const TTreeNode *Pai, QByteArrayView Resto, QByteArrayView Separador) const;
     std::vector<TTreeNode *> FilhosNoCaminho(const TTreeNode *Pai, QByteArrayView Resto,

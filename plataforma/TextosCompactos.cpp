@@ -3,6 +3,7 @@
 
 #include "plataforma/NumeroCompacto.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace Sibrel
@@ -42,11 +43,29 @@ int TTextosCompactos::Count(TParte Parte) const noexcept
 
 TTextosCompactos::TLeitor TTextosCompactos::Ler(TParte Parte) const noexcept
 {
-    const TLugar L = Lugares()[Parte];
+    return LeitorDe(Lugares()[Parte]);
+}
+
+TTextosCompactos::TLeitor TTextosCompactos::LeitorDe(const TLugar &Lugar) noexcept
+{
     TLeitor Leitor;
-    Leitor.FAqui = L.Inicio;
-    Leitor.FFim = L.Inicio + L.Tamanho;
+    Leitor.FAqui = Lugar.Inicio;
+    Leitor.FFim = Lugar.Inicio + Lugar.Tamanho;
     return Leitor;
+}
+
+bool TTextosCompactos::Iguais(TParte Parte, TLinhas Linhas) const noexcept
+{
+    if (!FBloco)
+        return false;
+    const TLugar L = Lugares()[Parte];
+    if (L.Linhas != Linhas.size())
+        return false;
+    TLeitor Leitor = LeitorDe(L);
+    return std::all_of(Linhas.begin(), Linhas.end(), [&Leitor](QByteArrayView Linha) {
+        QByteArrayView Daqui;
+        return Leitor.Proxima(Daqui) && Daqui == Linha;
+    });
 }
 
 QByteArrayView TTextosCompactos::Linha(TParte Parte, int Indice) const noexcept

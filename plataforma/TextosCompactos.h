@@ -48,6 +48,9 @@ public:
     /// The caption, which is the only line of its part.
     QByteArrayView ObterLegenda() const noexcept;
 
+    /// Are the lines of a part these? False for a part that was never given any, even empty ones.
+    bool Iguais(TParte Parte, TLinhas Linhas) const noexcept;
+
     /// Replaces one part. The lines may be views into this object.
     void Atribuir(TParte Parte, TLinhas Linhas);
     /// Replaces all parts at the cost of one.
@@ -70,6 +73,7 @@ private:
     };
     TLugares Lugares() const noexcept;
     static TLugar DeLinhas(TLinhas Linhas) noexcept;
+    static TLeitor LeitorDe(const TLugar &Lugar) noexcept;
     void Montar(const std::array<TFonte, Partes> &Fontes);
 
     std::unique_ptr<unsigned char[]> FBloco;

@@ -190,12 +190,20 @@ void TTreeNode::Delete()
 
 void TTreeNode::TrocarTextos(TTextosCompactos::TParte Parte, TTextosCompactos::TLinhas Linhas)
 {
-    Mudando([&] { FTextos.Atribuir(Parte, Linhas); });
+    const TGuarda Guarda(FOwner.Trava());
+    if (!FTextos.Iguais(Parte, Linhas))
+        Mudando(static_cast<TMudancas>(MudaLegenda << Parte), [&] { FTextos.Atribuir(Parte, Linhas); });
 }
 
 void TTreeNode::TrocarTextos(const std::array<TTextosCompactos::TLinhas, TTextosCompactos::Partes> &Todas)
 {
-    Mudando([&] { FTextos.Atribuir(Todas); });
+    const TGuarda Guarda(FOwner.Trava());
+    TMudancas Quais = 0;
+    for (const auto Parte : {TTextosCompactos::Legenda, TTextosCompactos::ListaA, TTextosCompactos::ListaB})
+        if (!FTextos.Iguais(Parte, Todas[Parte]))
+            Quais = static_cast<TMudancas>(Quais | (MudaLegenda << Parte));
+    if (Quais != 0)
+        Mudando(Quais, [&] { FTextos.Atribuir(Todas); });
 }
 
 void TTreeNode::Mudou()

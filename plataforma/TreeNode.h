@@ -82,16 +82,22 @@ public:
     /// Takes the node and all below it out of the tree and destroys them.
     void Delete();
 
+    /// What of a node changes; a set. The parts of its texts come first, in their order.
+    enum TMudanca : std::uint8_t { MudaLegenda = 1, MudaListaA = 2, MudaListaB = 4, MudaMarcas = 8 };
+    using TMudancas = std::uint8_t; ///< a set of TMudanca, joined by |
+    static constexpr TMudancas MudaTudo = MudaLegenda | MudaListaA | MudaListaB | MudaMarcas;
+
 protected:
     /// For derived classes, under the lock: the texts in their compact form.
     const TTextosCompactos &Textos() const noexcept { return FTextos; }
-    /// Replaces one part of the texts and tells whoever follows the tree.
+    /// Replaces one part of the texts and tells whoever follows the tree. Nothing happens when they are the
+    /// same already.
     void TrocarTextos(TTextosCompactos::TParte Parte, TTextosCompactos::TLinhas Linhas);
-    /// Replaces all parts at once.
+    /// Replaces all parts at once; only what is different counts as changed.
     void TrocarTextos(const std::array<TTextosCompactos::TLinhas, TTextosCompactos::Partes> &Todas);
     /// Runs a change of something that the owner keeps indexes of, or that the view shows.
     template <class Mudanca>
-    void Mudando(Mudanca &&Fazer);
+    void Mudando(TMudancas Quais, Mudanca &&Fazer);
     /// Something that the view shows has changed.
     void Mudou();
 

@@ -310,14 +310,14 @@ void TTreeNodes::PedirExpansao(TTreeNode &No)
 
 void TTreeNodes::Avisar()
 {
-    if (FPublicador != nullptr && FEmAtualizacao == 0)
+    if (FPublicador != nullptr && FEmAtualizacao == 0 && !TTravaDeNos::TPaciente::Sou())
         FPublicador->HaPendencias();
 }
 
 void TTreeNodes::DepoisDeInserir(TTreeNode &) {}
 void TTreeNodes::AntesDeRetirar(TTreeNode &) {}
-void TTreeNodes::AntesDeMudar(TTreeNode &) {}
-void TTreeNodes::DepoisDeMudar(TTreeNode &) {}
+void TTreeNodes::AntesDeMudar(TTreeNode &, TTreeNode::TMudancas) {}
+void TTreeNodes::DepoisDeMudar(TTreeNode &, TTreeNode::TMudancas) {}
 void TTreeNodes::AntesDeLimpar() {}
 
 } // namespace Sibrel

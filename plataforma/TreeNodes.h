@@ -20,7 +20,8 @@ class SIBREL_EXPORT IPublicadorDeNos
 {
 public:
     virtual ~IPublicadorDeNos();
-    /// Changes wait for publication (TTreeNodes::TomarPendencias). Called on the thread that made them.
+    /// Changes wait for publication (TTreeNodes::TomarPendencias). Called on the thread that made them,
+    /// unless that is a patient one (TTravaDeNos::TPaciente): it says itself when there is enough to show.
     virtual void HaPendencias() = 0;
 };
 
@@ -96,12 +97,12 @@ public:
 
 protected:
     /// Called under the lock, for classes that keep indexes: a node was added, is about to leave (each node
-    /// of a deleted subtree), is about to change its texts, has changed them; everything is leaving. None may
-    /// raise.
+    /// of a deleted subtree), is about to change what the set says, has changed it; everything is leaving.
+    /// None may raise.
     virtual void DepoisDeInserir(TTreeNode &No);
     virtual void AntesDeRetirar(TTreeNode &No);
-    virtual void AntesDeMudar(TTreeNode &No);
-    virtual void DepoisDeMudar(TTreeNode &No);
+    virtual void AntesDeMudar(TTreeNode &No, TTreeNode::TMudancas Quais);
+    virtual void DepoisDeMudar(TTreeNode &No, TTreeNode::TMudancas Quais);
     virtual void AntesDeLimpar();
     static std::uint32_t Serie(const TTreeNode &No) noexcept { return No.FSerie; }
     static const TTextosCompactos &TextosDe(const TTreeNode &No) noexcept { return No.FTextos; }
@@ -139,21 +140,21 @@ private:
 };
 
 template <class Mudanca>
-void TTreeNode::Mudando(Mudanca &&Fazer)
+void TTreeNode::Mudando(TMudancas Quais, Mudanca &&Fazer)
 {
     const std::lock_guard Guarda(FOwner.Trava());
     const bool Indexado = Tem(Inserido) && !Tem(Retirado);
     if (Indexado)
-        FOwner.AntesDeMudar(*this);
+        FOwner.AntesDeMudar(*this, Quais);
     try {
         Fazer();
     } catch (...) {
         if (Indexado)
-            FOwner.DepoisDeMudar(*this); // as it is now
+            FOwner.DepoisDeMudar(*this, Quais); // as it is now
         throw;
     }
     if (Indexado)
-        FOwner.DepoisDeMudar(*this);
+        FOwner.DepoisDeMudar(*this, Quais);
     Mudou();
 }
 

@@ -8,6 +8,7 @@
 #include <QTest>
 
 #include <algorithm>
+#include <array>
 #include <random>
 
 using namespace Sibrel;
@@ -138,6 +139,9 @@ private Q_SLOTS:
     void ContraAVarredura();
     void LegendasPelasOpcoes_data();
     void LegendasPelasOpcoes();
+    void MuitasChavesContraAVarredura();
+    void NomesDobradosSeAcham_data();
+    void NomesDobradosSeAcham();
     void CaminhoSoDoTopo();
     void CadaAchadoUmaVez();
     void CemMilIrmaosIguais();
@@ -203,6 +207,82 @@ void TesteBuscas::ContraAVarredura()
                  PeloCaminho != Lista.end() ? *PeloCaminho : nullptr);
     }
     QVERIFY(Achados > 100); // or the lists would prove nothing
+}
+
+// Hundreds of different identifications and captions that come and go, so that the tables of the indexes
+// grow, close gaps and lose keys; each search against what is known of the tree.
+void TesteBuscas::MuitasChavesContraAVarredura()
+{
+    constexpr int Codigos = 400;
+    TAcaso Acaso(7);
+    TTreeNodesXML Nos;
+    std::array<std::vector<TTreeNodeXML *>, Codigos> Deste; // in the order of the tree
+    const auto Lista = [](int Codigo) {
+        return TStringList(QStringList{QStringLiteral("c=%1").arg(Codigo)});
+    };
+    const auto Legenda = [](int Codigo) { return QStringLiteral("L%1").arg(Codigo); };
+    for (int Volta = 0; Volta < 20000; ++Volta) {
+        const bool Cresce = Volta / 4000 % 2 == 0;
+        auto &Delas = Deste[std::size_t(Ate(Acaso, Codigos))];
+        const auto Codigo = int(&Delas - Deste.data());
+        if (Delas.empty() || Ate(Acaso, 10) < (Cresce ? 6 : 3)) {
+            auto No = std::make_unique<TTreeNodeXML>(Nos);
+            No->AtribuirText(Legenda(Codigo));
+            No->Identificacao().Assign(Lista(Codigo));
+            Delas.push_back(static_cast<TTreeNodeXML *>(Nos.AddNode(std::move(No), nullptr)));
+        } else {
+            const auto Qual = Delas.begin() + Ate(Acaso, int(Delas.size()));
+            Nos.Delete(*Qual);
+            Delas.erase(Qual);
+        }
+        const int Outro = Ate(Acaso, Codigos);
+        const auto &Dele = Deste[std::size_t(Outro)];
+        const TStringList Procurada = Lista(Outro);
+        const TIdentificacao Identificacao(Procurada);
+        QVERIFY(Nos.ObterNos(Identificacao) == Dele);
+        QCOMPARE(Nos.ObterFilho(nullptr, Legenda(Outro).toUtf8(), Identificacao),
+                 Dele.empty() ? nullptr : Dele.front());
+    }
+}
+
+// Names that are the same but for letter case have the same key, whatever their letters.
+void TesteBuscas::NomesDobradosSeAcham_data()
+{
+    QTest::addColumn<QString>("Um");
+    QTest::addColumn<QString>("Outro");
+    QTest::addColumn<bool>("Iguais");
+    QTest::newRow("acento") << "código"
+                            << "CÓDIGO" << true;
+    QTest::newRow("outro acento") << "código"
+                                  << "côdigo" << false;
+    QTest::newRow("mais comprido") << "código"
+                                   << "códigos" << false;
+    QTest::newRow("comeco") << "cód"
+                            << "có" << false;
+    QTest::newRow("vazio") << ""
+                           << "c" << false;
+    QTest::newRow("grego") << "ωα"
+                           << "ΩΑ" << true;
+    QTest::newRow("ohm e kelvin") << QStringLiteral("k\u2126") << QStringLiteral("\u212Aω") << true;
+    QTest::newRow("s comprido") << QStringLiteral("a\u017Fé") << "ASÉ" << true;
+    QTest::newRow("tres bytes") << "ẽa"
+                                << "ẼA" << true;
+    QTest::newRow("quatro bytes") << QStringLiteral("x\U00010400z") << QStringLiteral("X\U00010428Z") << true;
+    QTest::newRow("outros quatro bytes")
+        << QStringLiteral("\U00010400") << QStringLiteral("\U00010429") << false;
+}
+
+void TesteBuscas::NomesDobradosSeAcham()
+{
+    QFETCH(QString, Um);
+    QFETCH(QString, Outro);
+    QFETCH(bool, Iguais);
+    TTreeNodesXML Nos;
+    TTreeNode *No = Nos.AddNode(std::make_unique<TTreeNodeXML>(Nos), nullptr);
+    static_cast<TTreeNodeXML *>(No)->Identificacao().Add(Um + QStringLiteral("=1"));
+    QCOMPARE(MesmoTexto(Um, Outro), Iguais); // the rule
+    const TStringList Procurada(QStringList{Outro + QStringLiteral("=1")});
+    QCOMPARE(Nos.ObterNo(TIdentificacao(Procurada)) == No, Iguais);
 }
 
 void TesteBuscas::LegendasPelasOpcoes_data()
