@@ -21,7 +21,12 @@ TTagsDeLista TagsDeInformacao() noexcept
 
 void FundirListaXML(const TCursorXML &No, const TTagsDeLista &Tags, TFusaoDeLinhas &Fusao)
 {
-    for (TCursorXML Item = No.FindNode(Tags.ListaTag).FirstChild(); Item; Item = Item.NextSibling())
+    FundirItensXML(No.FindNode(Tags.ListaTag), Tags, Fusao);
+}
+
+void FundirItensXML(const TCursorXML &Lista, const TTagsDeLista &Tags, TFusaoDeLinhas &Fusao)
+{
+    for (TCursorXML Item = Lista.FirstChild(); Item; Item = Item.NextSibling())
         if (Item.NomeE(Tags.ItemTag))
             Fusao.Item(Item.AttributeUtf8(Tags.AtributoNome).value_or(QByteArrayView()),
                        Item.AttributeUtf8(Tags.AtributoValor).value_or(QByteArrayView()));

@@ -33,6 +33,8 @@ SIBREL_EXPORT void AtribuirListaXML(const TCursorXML &No, const TTagsDeLista &Ta
                                     bool Limpar);
 /// The same into a merge that the caller has begun.
 void FundirListaXML(const TCursorXML &No, const TTagsDeLista &Tags, TFusaoDeLinhas &Fusao);
+/// The same of a list that has been found; nothing of a nil one.
+void FundirItensXML(const TCursorXML &Lista, const TTagsDeLista &Tags, TFusaoDeLinhas &Fusao);
 
 /// Writes a list as its element, an item a line, lines ended by CR LF but for the last. Each item carries the
 /// value of the first line of its name. No XML declaration.

@@ -39,6 +39,23 @@ std::optional<QByteArrayView> PrimeiroTexto(const TCursorXML &No)
     return No.AttributeCount() > 0 ? std::optional(No.AttributeUtf8(0)) : std::nullopt;
 }
 
+// The two lists of an element, found in one walk over its children.
+struct TListas {
+    explicit TListas(const TCursorXML &No) noexcept
+    {
+        for (TCursorXML Filho = No.FirstChild(); Filho && !(Identificacao && Informacao);
+             Filho = Filho.NextSibling())
+            if (!Filho.Elemento())
+                continue;
+            else if (!Identificacao && Filho.NomeE(_IDENTIFICADORES_))
+                Identificacao = Filho;
+            else if (!Informacao && Filho.NomeE(_INFORMACOES_))
+                Informacao = Filho;
+    }
+    TCursorXML Identificacao;
+    TCursorXML Informacao;
+};
+
 } // namespace
 
 TModulo &ModuloTreeNodeXML() noexcept
@@ -269,15 +286,16 @@ void TTreeNodeXML::Montar(const TCursorXML &No)
     }
     AtribuirSelectedIndex(ImageIndex());
 
+    const TListas Listas(No);
     thread_local TFusaoDeLinhas Identificacao;
     thread_local TFusaoDeLinhas Informacao;
     Identificacao.Limpar();
-    FundirListaXML(No, TagsDeIdentificacao(), Identificacao);
+    FundirItensXML(Listas.Identificacao, TagsDeIdentificacao(), Identificacao);
     Informacao.Limpar();
     TTextosCompactos::TLeitor Antes = Textos().Ler(TTextosCompactos::ListaB);
     for (QByteArrayView Linha; Antes.Proxima(Linha);)
         Informacao.Existente(Linha);
-    FundirListaXML(No, TagsDeInformacao(), Informacao);
+    FundirItensXML(Listas.Informacao, TagsDeInformacao(), Informacao);
     TrocarTextos({TTextosCompactos::TLinhas(&Legenda, 1), Identificacao.Linhas(), Informacao.Linhas()});
 }
 
