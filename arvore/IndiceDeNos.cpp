@@ -125,9 +125,24 @@ void TIndiceDeNos::Crescer(std::size_t Chaves)
         }
 }
 
+bool TIndiceDeNos::PrimeiraDaChave(std::uint32_t Entrada, std::uint64_t Chave) const noexcept
+{
+    const TEntrada &E = FEntradas[Entrada];
+    return E.No != nullptr && E.Chave == Chave && FEntradas[E.Anterior].Proxima == Nenhuma;
+}
+
+// Documents name nodes mostly in the order in which they were made: the entry behind the last one found is
+// looked at first, which stays in the cache where the table of keys does not.
 std::uint32_t TIndiceDeNos::Primeira(std::uint64_t Chave) const noexcept
 {
-    return FBaldes.empty() ? Nenhuma : FBaldes[Lugar(Chave)].Primeira;
+    if (FBaldes.empty())
+        return Nenhuma;
+    const std::uint32_t Seguinte = FAchada + 1;
+    const bool EmOrdem = Seguinte < FEntradas.size() && PrimeiraDaChave(Seguinte, Chave);
+    const std::uint32_t Achada = EmOrdem ? Seguinte : FBaldes[Lugar(Chave)].Primeira;
+    if (Achada != Nenhuma)
+        FAchada = Achada;
+    return Achada;
 }
 
 } // namespace Sibrel

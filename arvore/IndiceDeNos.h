@@ -14,7 +14,8 @@ class TTreeNode;
 ///
 /// Entries are numbered and the caller keeps each node's number, so that taking a node out costs the same
 /// however many share its key. Keys stand in a table of their own, so that looking for one touches hardly
-/// an entry of another, and a table that grows touches no entry at all.
+/// an entry of another, and a table that grows touches no entry at all. Not synchronised: a search changes it
+/// too.
 class TIndiceDeNos
 {
 public:
@@ -49,6 +50,7 @@ private:
     static std::uint32_t HashDe(std::uint64_t Chave) noexcept;
     std::size_t Proprio(std::uint32_t Hash) const noexcept;
     std::size_t Lugar(std::uint64_t Chave) const noexcept;
+    bool PrimeiraDaChave(std::uint32_t Entrada, std::uint64_t Chave) const noexcept;
     void Ligar(std::uint32_t Entrada) noexcept;
     void Fechar(std::size_t Livre) noexcept;
     void Crescer(std::size_t Chaves);
@@ -58,6 +60,7 @@ private:
     std::size_t FChaves = 0;
     std::uint32_t FLivre = Nenhuma; // entries without a node, one behind the other
     std::size_t FQuantas = 0;
+    mutable std::uint32_t FAchada = Nenhuma; // by the last search
 };
 
 } // namespace Sibrel

@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <mutex>
-#include <new>
 #include <typeinfo>
 
 namespace Sibrel
@@ -26,15 +25,6 @@ bool DaArvore(const TTreeNode *No) noexcept
 bool Ligeira(const TAtualizacao &A) noexcept
 {
     return A.Operacao != TOperacoes::exclusao && DaArvore(A.No);
-}
-
-// A thread's heap grows a page at a time, by what is asked for: asked for a larger piece, it grows by that,
-// and what is given back at once is there for the nodes to come.
-constexpr unsigned NosPorPasso = 256;
-void Adiantar() noexcept
-{
-    constexpr std::size_t Bytes = 98304;
-    ::operator delete(::operator new(Bytes, std::nothrow)); // where there is none, growing by pages may do
 }
 
 constexpr unsigned OperacoesPorOlhada = 16;
@@ -66,14 +56,11 @@ void TPreparaAtualizacao::Atualizar()
                 FNos->Reservar(*A->No, true);
     FUltimaEntrega = TRelogio::now();
     unsigned SemOlharORelogio = 0;
-    unsigned Incluidas = 0;
     for (TAtualizacao *A : FOperacoes) {
         VerificarCancelamento();
         FElementoAtual = static_cast<const TCursorXML &>(A->NoXML);
         if (Realizar(*A))
             ++FUltimoPasso;
-        if (A->Operacao == TOperacoes::inclusao && Incluidas++ % NosPorPasso == 0)
-            Adiantar();
         if (!Ligeira(*A) || ++SemOlharORelogio % OperacoesPorOlhada == 0)
             TalvezEntregar();
     }

@@ -225,15 +225,18 @@ void TesteFalhasDeDocumento::ONaoDeclaradoEPagina1252()
 
 void TesteFalhasDeDocumento::DocumentoMaiorDoQueAMemoria_data()
 {
-    // Long captions fill a text, many elements fill a tree.
+    // Elements that are no nodes fill a document; nodes with hardly a text fill a tree.
+    const QByteArray Estranho = "<a/>";
+    const QByteArray No = "<U N='1'/>";
     QTest::addColumn<int>("Megabytes");
-    QTest::addColumn<int>("Legenda");
+    QTest::addColumn<QByteArray>("Elemento");
     QTest::addColumn<QString>("Mensagem");
-    QTest::newRow("nem o arquivo cabe") << 160 << 1000 << "Não foi possível abrir o arquivo <grande.xml>!";
-    QTest::newRow("o texto nao cabe") << 60 << 1000 << "Arquivo em formato inválido!";
-    QTest::newRow("o documento nao cabe") << 40 << 1000 << "Arquivo em formato inválido!";
-    QTest::newRow("os nos nao cabem") << 27 << 4 << "XML em formato inválido!";
-    QTest::newRow("as operacoes nao cabem") << 29 << 4 << "XML em formato inválido!";
+    QTest::newRow("nem o arquivo cabe")
+        << 160 << Estranho << "Não foi possível abrir o arquivo <grande.xml>!";
+    QTest::newRow("o texto nao cabe") << 24 << Estranho << "Arquivo em formato inválido!";
+    QTest::newRow("o documento nao cabe") << 12 << Estranho << "Arquivo em formato inválido!";
+    QTest::newRow("os nos nao cabem") << 5 << No << "XML em formato inválido!";
+    QTest::newRow("as operacoes nao cabem") << 9 << No << "XML em formato inválido!";
 }
 
 // In a process of its own, whose memory ends where this one's would not.
@@ -242,15 +245,11 @@ void TesteFalhasDeDocumento::DocumentoMaiorDoQueAMemoria()
     if (!HaLimiteDeMemoria)
         QSKIP("o limite de memória não vale sob um sanitizador");
     QFETCH(int, Megabytes);
-    QFETCH(int, Legenda);
+    QFETCH(QByteArray, Elemento);
     QFETCH(QString, Mensagem);
-    const QByteArray Elemento = "<U Cor='0' Nome='" + QByteArray(Legenda, 'x') +
-                                "'><Identificadores><Identificador R\xF3tulo='c' Valor='";
-    QByteArray Bytes = "<?xml version='1.0' encoding='ISO-8859-1'?><R>";
-    Bytes.reserve((Megabytes + 1) << 20);
-    for (int I = 0; Bytes.size() < Megabytes << 20; ++I)
-        Bytes += Elemento + QByteArray::number(I) + "'/></Identificadores></U>";
-    EscreverBytes(FPasta->filePath(QStringLiteral("grande.xml")), Bytes + "</R>");
+    EscreverBytes(FPasta->filePath(QStringLiteral("grande.xml")),
+                  "<?xml version='1.0' encoding='ISO-8859-1'?><R>" +
+                      Elemento.repeated((Megabytes << 20) / Elemento.size()) + "</R>");
     EscreverBytes(FPasta->filePath(QStringLiteral("pequeno.xml")), Latin1(Doc(U("B", "2"))));
     QProcess Filho;
     Filho.setWorkingDirectory(FPasta->path());
@@ -274,7 +273,7 @@ static int CarregarComPoucaMemoria()
     QFile Tamanhos(QStringLiteral("/proc/self/statm"));
     if (!Tamanhos.open(QIODevice::ReadOnly))
         return EXIT_FAILURE;
-    constexpr rlim_t Folga = 100 << 20;
+    constexpr rlim_t Folga = 40 << 20;
     const rlim_t Limite = Tamanhos.readAll().split(' ').constFirst().toULongLong() *
                               static_cast<rlim_t>(::sysconf(_SC_PAGESIZE)) +
                           Folga;
