@@ -76,6 +76,9 @@ private:
     void Anunciar(const std::vector<TTreeNode *> &Nos);
     std::vector<TTrecho> Trechos(const std::vector<TTreeNode *> &Nos) const;
     std::vector<TTreeNode *> &FilhosPublicados(TTreeNode *Pai) const;
+    std::span<TTreeNode *const> Linhas(const QModelIndex &Pai) const noexcept;
+    static constexpr std::size_t LinhasAdiante = 4;
+    static void Antecipar(std::span<TTreeNode *const> Seguintes) noexcept;
     bool TemLinha(const TTreeNode *No) const noexcept;
     QModelIndex IndiceDaLinha(TTreeNode *No) const;
     void PedirExpansoes(const std::vector<TTreeNode *> &Nos);
