@@ -27,7 +27,7 @@ public:
     enum TMarca : unsigned char { MascaraDoTipo = 7, ComFilhos = 8, UltimoFilho = 16 };
     static constexpr std::uint32_t LugarDoTamanho = 1; // of an element's four bytes
     /// What a record takes at most, its attributes or text aside.
-    static constexpr std::size_t MaiorCabecalho = 1 + 4 + 4 * 5;
+    static constexpr std::size_t MaiorCabecalho = 1 + 4 + 3 * 5;
 
     struct TAtributo {
         std::uint32_t Nome = 0;

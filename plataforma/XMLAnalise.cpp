@@ -250,7 +250,7 @@ TXMLDocument::TReferencia AnalisarXML(const QByteArray &Utf8, const QString &Bas
 TXMLDocument::TReferencia AnalisarTextoXML(QStringView Texto)
 {
     // The bytes of a short text stay in the cache, where nothing is gained by pieces.
-    constexpr qsizetype Curto = 64 * 1024;
+    constexpr qsizetype Curto = 65536;
     if (Texto.size() > Curto)
         if (auto Documento = AnalisarEmPedacos(Texto))
             return Documento;

@@ -109,8 +109,10 @@ TCursorXML TCursorXML::Parent() const noexcept
 
 TCursorXML TCursorXML::Seguinte() const noexcept
 {
-    const TCursorXML Depois = FDocumento ? Em(Registro().DepoisDoConteudo()) : TCursorXML();
-    return FDocumento && Depois.FLugar < FDocumento->FRegistros.size() ? Depois : TCursorXML();
+    if (!FDocumento)
+        return {};
+    const TCursorXML Depois = Em(Registro().DepoisDoConteudo());
+    return Depois.FLugar < FDocumento->FRegistros.size() ? Depois : TCursorXML();
 }
 
 TCursorXML TCursorXML::FindNode(QStringView Nome) const noexcept
@@ -134,8 +136,9 @@ int TCursorXML::AttributeCount() const noexcept
 
 QString TCursorXML::AttributeName(int Indice) const
 {
-    return FDocumento
-        ->FNomes[Verificado(Elemento() ? Atributo(Registro(), Indice) : std::nullopt, Indice).Nome];
+    const std::uint32_t Nome =
+        Verificado(Elemento() ? Atributo(Registro(), Indice) : std::nullopt, Indice).Nome;
+    return FDocumento->FNomes[Nome];
 }
 
 QString TCursorXML::AttributeText(int Indice) const
