@@ -16,22 +16,26 @@ void Exigir(bool Condicao)
         std::abort();
 }
 
-// Every node is met once, in document order, and knows its parent.
-std::uint32_t Conferir(TCursorXML No, std::uint32_t Ordem)
+// Every node is met once, in document order, and knows its parent. `Vez` is the node whose turn it is; how
+// many there are is returned.
+std::uint32_t Conferir(TCursorXML No, TCursorXML &Vez)
 {
-    Exigir(No.Ordem() == Ordem);
+    Exigir(No == Vez);
+    Vez = Vez.Seguinte();
+    Exigir(!Vez || Vez.Ordem() > No.Ordem());
     Exigir(!No.NodeName().isNull() && No.Linha() >= 0);
     for (int A = 0; A < No.AttributeCount(); ++A)
         Exigir(No.HasAttribute(No.AttributeName(A)) && No.AttributeText(A).toUtf8() == No.AttributeUtf8(A));
     Exigir(No.Elemento() || (No.Text().toUtf8() == No.TextUtf8() && No.ChildCount() == 0));
     int Filhos = 0;
+    std::uint32_t Nos = 1;
     for (const TCursorXML Filho : No.Filhos()) {
         Exigir(Filho.Parent() == No);
-        Ordem = Conferir(Filho, Ordem + 1);
+        Nos += Conferir(Filho, Vez);
         ++Filhos;
     }
     Exigir(Filhos == No.ChildCount());
-    return Ordem;
+    return Nos;
 }
 
 } // namespace
@@ -41,7 +45,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *Dados, std::size_t Tam
     const QByteArrayView Bytes(Dados, static_cast<qsizetype>(Tamanho));
     try {
         const auto Documento = TXMLDocument::DeBytes(Bytes);
-        Exigir(Conferir(Documento->Raiz(), 0) + 1 == Documento->Nos());
+        TCursorXML Vez = Documento->Raiz();
+        Exigir(Conferir(Documento->Raiz(), Vez) == Documento->Nos() && !Vez);
     } catch (const EDOMParseError &E) {
         Exigir(!E.Detalhe.isEmpty());
     }
