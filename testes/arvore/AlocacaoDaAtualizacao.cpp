@@ -37,12 +37,13 @@ bool Recusar() noexcept
 
 } // namespace
 
-extern "C" void *malloc(std::size_t Bytes)
+// Seen by all libraries of the process: hidden, they would serve this file alone.
+extern "C" [[gnu::visibility("default")]] void *malloc(std::size_t Bytes)
 {
     return Recusar() ? nullptr : __libc_malloc(Bytes);
 }
 
-extern "C" void *realloc(void *Antes, std::size_t Bytes)
+extern "C" [[gnu::visibility("default")]] void *realloc(void *Antes, std::size_t Bytes)
 {
     return Recusar() ? nullptr : __libc_realloc(Antes, Bytes);
 }

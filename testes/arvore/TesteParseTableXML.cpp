@@ -263,11 +263,11 @@ void TesteParseTableXML::ExtrairDevolveSemDestruir()
 void TesteParseTableXML::ErrosDeIndice()
 {
     TParseTableXMLList Lista;
-    QVERIFY_EXCEPTION_THROWN((void)Lista.ObterParseTableXML(0), EListError);
-    QVERIFY_EXCEPTION_THROWN((void)Lista.First(), EListError);
-    QVERIFY_EXCEPTION_THROWN((void)Lista.Last(), EListError);
-    QVERIFY_EXCEPTION_THROWN(Lista.Insert(1, std::make_unique<TLinhasFixas>()), EListError);
-    QVERIFY_EXCEPTION_THROWN(Lista.AtribuirParseTableXML(-1, nullptr), EListError);
+    QVERIFY_THROWS_EXCEPTION(EListError, (void)Lista.ObterParseTableXML(0));
+    QVERIFY_THROWS_EXCEPTION(EListError, (void)Lista.First());
+    QVERIFY_THROWS_EXCEPTION(EListError, (void)Lista.Last());
+    QVERIFY_THROWS_EXCEPTION(EListError, Lista.Insert(1, std::make_unique<TLinhasFixas>()));
+    QVERIFY_THROWS_EXCEPTION(EListError, Lista.AtribuirParseTableXML(-1, nullptr));
 }
 
 void TesteParseTableXML::MoverTambemDaAConexao()
@@ -519,7 +519,7 @@ void TesteParseTableXML::DepoisDeUmErroNadaFoiAcrescentado()
     TParseTableXMLMapeada Tabela(SoNome(), QStringLiteral("SELECT 'bom' AS nome UNION ALL SELECT '<'"));
     Tabela.DataBase = FArquivo.get();
     TStringList Linhas;
-    QVERIFY_EXCEPTION_THROWN(Tabela.GerarXML(Linhas), EConvertError);
+    QVERIFY_THROWS_EXCEPTION(EConvertError, Tabela.GerarXML(Linhas));
     QCOMPARE(Linhas.Count(), 0);
 }
 
@@ -537,7 +537,7 @@ void TesteParseTableXML::OHospedeiroConverteOQueNaoPassa()
     QCOMPARE(Linhas.Linha(0), QStringLiteral("<No Nome=\"a(b\"></No>"));
     QCOMPARE(Coluna, QStringLiteral("nome"));
     Tabela.AoConverterValor = [](const QString &, const QString &) { return QStringLiteral("\""); };
-    QVERIFY_EXCEPTION_THROWN(Tabela.GerarXML(Linhas), EConvertError); // what it gives is checked too
+    QVERIFY_THROWS_EXCEPTION(EConvertError, Tabela.GerarXML(Linhas)); // what it gives is checked too
 }
 
 void TesteParseTableXML::ABaseDeExemplo()

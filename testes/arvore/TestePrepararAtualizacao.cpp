@@ -827,9 +827,9 @@ void TestePrepararAtualizacao::LerErros()
 {
     TTreeViewXML Vista;
     Vista.Nos().AddChild(nullptr, QStringLiteral("A"));
-    QVERIFY_EXCEPTION_THROWN(Vista.Ler(FPasta.filePath("nao-ha.xml"), true), EFOpenError);
+    QVERIFY_THROWS_EXCEPTION(EFOpenError, Vista.Ler(FPasta.filePath("nao-ha.xml"), true));
     QCOMPARE(Vista.Nos().Count(), 1);
-    QVERIFY_EXCEPTION_THROWN(Vista.Ler(FPasta.path(), true), EFOpenError);
+    QVERIFY_THROWS_EXCEPTION(EFOpenError, Vista.Ler(FPasta.path(), true));
     const QString Arquivo = FPasta.filePath(QStringLiteral("ruim.xml"));
     for (const QByteArray &Bytes :
          {QByteArray("<R>"), QByteArray("<?xml version='1.0' encoding='UTF-8'?><R a='\xE7'/>")}) {
@@ -843,7 +843,7 @@ void TestePrepararAtualizacao::LerErros()
         }
         QCOMPARE(Vista.Nos().Count(), 0);
     }
-    QVERIFY_EXCEPTION_THROWN(Vista.AtribuirXML(TStringList(QStringList{"<R>"})), Exception);
+    QVERIFY_THROWS_EXCEPTION(Exception, Vista.AtribuirXML(TStringList(QStringList{"<R>"})));
     QVERIFY(QGuiApplication::overrideCursor() != nullptr); // stays, so that the failure shows
     QGuiApplication::restoreOverrideCursor();
 }

@@ -148,8 +148,8 @@ void TesteTreeNodeXML::CorErradaDeixaTudoComoEstava()
 {
     TTreeNodesXML Nos;
     TTreeNodeXML *No = NovoNo(Nos, Elemento(QStringLiteral("Nome='a' Cor='1'")));
-    QVERIFY_EXCEPTION_THROWN(No->AtribuirXML(Elemento(QStringLiteral("Cor='verde' Nome='b'"))),
-                             EConvertError);
+    QVERIFY_THROWS_EXCEPTION(EConvertError,
+                             No->AtribuirXML(Elemento(QStringLiteral("Cor='verde' Nome='b'"))));
     QCOMPARE(No->Text(), QStringLiteral("a"));
     QCOMPARE(No->Cor(), 1);
 }
@@ -158,9 +158,9 @@ void TesteTreeNodeXML::SimboloErradoDeixaALegendaNova()
 {
     TTreeNodesXML Nos;
     TTreeNodeXML *No = NovoNo(Nos, Elemento(QStringLiteral("Nome='a' Símbolo='4'"), Id("c", "1")));
-    QVERIFY_EXCEPTION_THROWN(
-        No->AtribuirXML(Elemento(QStringLiteral("Nome='b' Cor='9' Símbolo='1.5'"), Id("c", "2"))),
-        EConvertError);
+    QVERIFY_THROWS_EXCEPTION(
+        EConvertError,
+        No->AtribuirXML(Elemento(QStringLiteral("Nome='b' Cor='9' Símbolo='1.5'"), Id("c", "2"))));
     QCOMPARE(No->Text(), QStringLiteral("b"));
     QCOMPARE(No->Cor(), 9);
     QCOMPARE(No->ImageIndex(), 4);
@@ -243,9 +243,9 @@ void TesteTreeNodeXML::TextoMalformadoNaoMudaONo()
 {
     TTreeNodesXML Nos;
     TTreeNodeXML *No = NovoNo(Nos, Elemento(QStringLiteral("Nome='a'"), Id("c", "1")));
-    QVERIFY_EXCEPTION_THROWN(No->AtribuirXML(QStringLiteral("<U Nome='b'>")), EDOMParseError);
-    QVERIFY_EXCEPTION_THROWN(No->AtribuirXMLInformacao(QString()), EDOMParseError);
-    QVERIFY_EXCEPTION_THROWN(No->AtribuirXMLIdentificacao(QStringLiteral("x")), EDOMParseError);
+    QVERIFY_THROWS_EXCEPTION(EDOMParseError, No->AtribuirXML(QStringLiteral("<U Nome='b'>")));
+    QVERIFY_THROWS_EXCEPTION(EDOMParseError, No->AtribuirXMLInformacao(QString()));
+    QVERIFY_THROWS_EXCEPTION(EDOMParseError, No->AtribuirXMLIdentificacao(QStringLiteral("x")));
     QCOMPARE(No->Text(), QStringLiteral("a"));
     QCOMPARE(No->Identificacao().Count(), 1);
 }
@@ -424,7 +424,7 @@ void TesteTreeNodeXML::DatasErradas()
 {
     for (const char *Texto : {"", "ontem", "2024-13-01T00:00:00", "2024-02-30T00:00:00", "2024-05-06",
                               "2024-05-06T25:00:00", "2024-05-06T06:20:30+99:00", "06/05/2024 06:20"})
-        QVERIFY_EXCEPTION_THROWN(DecodeDateTimeXML(QString::fromLatin1(Texto)), EConvertError);
+        QVERIFY_THROWS_EXCEPTION(EConvertError, DecodeDateTimeXML(QString::fromLatin1(Texto)));
 }
 
 void TesteTreeNodeXML::EstruturaDosNos()
@@ -508,8 +508,8 @@ void TesteTreeNodeXML::ListaDoNoComoTStrings()
     QCOMPARE(No->Informacao().ParaQStringList(), QStringList({"b=2", "a=3", "c=4"}));
     Lista.Delete(0);
     QCOMPARE(Lista.Values(u"A"), QStringLiteral("3"));
-    QVERIFY_EXCEPTION_THROWN(Lista.Linha(2), EStringListError);
-    QVERIFY_EXCEPTION_THROWN(Lista.Delete(-1), EStringListError);
+    QVERIFY_THROWS_EXCEPTION(EStringListError, Lista.Linha(2));
+    QVERIFY_THROWS_EXCEPTION(EStringListError, Lista.Delete(-1));
     Lista.Clear();
     QVERIFY(No->Vazio());
 }

@@ -282,7 +282,7 @@ void TesteTreeViewXML::FrameMostraASelecao()
     QCOMPARE(Frame.Count(), 2);
     Cena.Vista.AtribuirSelected(Cena.B);
     QCOMPARE(Frame.Count(), 0);
-    QVERIFY_EXCEPTION_THROWN(Frame.ProcessarXML(QStringLiteral("<x")), EDOMParseError);
+    QVERIFY_THROWS_EXCEPTION(EDOMParseError, Frame.ProcessarXML(QStringLiteral("<x")));
 }
 
 void TesteTreeViewXML::FrameCopia()
@@ -424,8 +424,8 @@ void TesteTreeViewXML::ProgressoSoDeAtualizacao()
     };
     TVistaAberta Vista;
     QObject Outro;
-    QVERIFY_EXCEPTION_THROWN(Vista.DoProgresso(&Outro), EInvalidCast);
-    QVERIFY_EXCEPTION_THROWN(Vista.DoProgresso(nullptr), EInvalidCast);
+    QVERIFY_THROWS_EXCEPTION(EInvalidCast, Vista.DoProgresso(&Outro));
+    QVERIFY_THROWS_EXCEPTION(EInvalidCast, Vista.DoProgresso(nullptr));
 }
 
 void TesteTreeViewXML::RepaintPoeOBitmapQuadrado()

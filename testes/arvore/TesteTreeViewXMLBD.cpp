@@ -189,7 +189,7 @@ void TesteTreeViewXMLBD::TrocarALista()
     Arvore.Executar();
     QVERIFY(EsperarAtualizacoes());
     QCOMPARE(Texto(Arvore.Items()), QStringLiteral("n"));
-    QVERIFY_EXCEPTION_THROWN((void)Arvore.AtribuirParses(nullptr), EInvalidOperation);
+    QVERIFY_THROWS_EXCEPTION(EInvalidOperation, (void)Arvore.AtribuirParses(nullptr));
     QCOMPARE(Arvore.Parses().Count(), 1);
 }
 
@@ -229,7 +229,7 @@ void TesteTreeViewXMLBD::DepoisDeUmErroFicaAAmpulhetaEOsNos()
     Arvore.Executar();
     QVERIFY(EsperarAtualizacoes());
     Arvore.Parses().Add(std::make_unique<TParseTableXMLMapeada>(DasUnidades(), QStringLiteral("UNIDADES")));
-    QVERIFY_EXCEPTION_THROWN(Arvore.Executar(), EDatabaseError); // without a connection
+    QVERIFY_THROWS_EXCEPTION(EDatabaseError, Arvore.Executar()); // without a connection
     QVERIFY(QGuiApplication::overrideCursor());
     QCOMPARE(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
     QCOMPARE(Texto(Arvore.Items()), QStringLiteral("a"));

@@ -209,7 +209,7 @@ void TesteSubject::OQueUmObservadorLancaChegaAQuemAvisou()
     A.Fazer = [] { throw std::runtime_error("falha"); };
     Assunto.InscreverObserver(A);
     Assunto.InscreverObserver(B);
-    QVERIFY_EXCEPTION_THROWN(Assunto.AvisarObservers(), std::runtime_error);
+    QVERIFY_THROWS_EXCEPTION(std::runtime_error, Assunto.AvisarObservers());
     A.Fazer = nullptr;
     Assunto.AvisarObservers(); // the subject is whole
     QCOMPARE(Registro, QStringLiteral("aab"));

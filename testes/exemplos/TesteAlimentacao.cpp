@@ -221,7 +221,7 @@ void TesteAlimentacao::OExercicioParado()
     QTRY_COMPARE(FOuvidos,
                  QStringList({QStringLiteral("1.xml"), QStringLiteral("1.xml"), QStringLiteral("2.xml")}));
     const QString Vazia = FPasta->filePath(QStringLiteral("vazia"));
-    QVERIFY_EXCEPTION_THROWN(Exercicio.Comecar(Vazia), Sibrel::EInOutError);
+    QVERIFY_THROWS_EXCEPTION(Sibrel::EInOutError, Exercicio.Comecar(Vazia));
 }
 
 void TesteAlimentacao::APastaDoExercicio()

@@ -77,8 +77,8 @@ void TesteUnidades::DistanciasVoltam()
     QCOMPARE(Angulo, Texto);
     QVERIFY(StrToDistancia(Distancia) == Valor);
     QVERIFY(StrToAngulo(Angulo) == Valor);
-    QVERIFY_EXCEPTION_THROWN(StrToAngulo(u"norte"), EConvertError);
-    QVERIFY_EXCEPTION_THROWN(StrToDistancia(u"longe"), EConvertError);
+    QVERIFY_THROWS_EXCEPTION(EConvertError, StrToAngulo(u"norte"));
+    QVERIFY_THROWS_EXCEPTION(EConvertError, StrToDistancia(u"longe"));
 }
 
 void TesteUnidades::ParaMostrarSegueOSeparador()

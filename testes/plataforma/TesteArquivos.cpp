@@ -170,7 +170,7 @@ void TesteArquivos::PastaDoNome()
 
 void TesteArquivos::LerUmaPastaEErro()
 {
-    QVERIFY_EXCEPTION_THROWN(LerArquivoInteiro(QStringLiteral("Figuras")), EFOpenError);
+    QVERIFY_THROWS_EXCEPTION(EFOpenError, LerArquivoInteiro(QStringLiteral("Figuras")));
 }
 
 void TesteArquivos::LerOQueNaoExisteEErro()
@@ -190,10 +190,10 @@ void TesteArquivos::GravarComFalhaDeixaOQueHavia()
     GravarArquivoInteiro(QStringLiteral("antes.txt"), "depois");
     QCOMPARE(BytesDe(QStringLiteral("antes.txt")), QByteArray("depois"));
     // A folder in the way: nothing can be written by that name.
-    QVERIFY_EXCEPTION_THROWN(GravarArquivoInteiro(QStringLiteral("Figuras"), "x"), EFCreateError);
+    QVERIFY_THROWS_EXCEPTION(EFCreateError, GravarArquivoInteiro(QStringLiteral("Figuras"), "x"));
     QVERIFY(QDir(QStringLiteral("Figuras")).exists());
-    QVERIFY_EXCEPTION_THROWN(GravarArquivoInteiro(QStringLiteral("sem/pasta.txt"), "x"), EFCreateError);
-    QVERIFY_EXCEPTION_THROWN(GravarArquivoInteiro(QStringLiteral("/dev/full"), "x"), EFCreateError);
+    QVERIFY_THROWS_EXCEPTION(EFCreateError, GravarArquivoInteiro(QStringLiteral("sem/pasta.txt"), "x"));
+    QVERIFY_THROWS_EXCEPTION(EFCreateError, GravarArquivoInteiro(QStringLiteral("/dev/full"), "x"));
 }
 
 void TesteArquivos::TextoPelaMarcaOuPor1252()
@@ -232,15 +232,15 @@ void TesteArquivos::NumerosMalformados()
     QFETCH(bool, Inteiro);
     TArquivoDeLeitura A(Texto, QStringLiteral("x"));
     if (Inteiro)
-        QVERIFY_EXCEPTION_THROWN(A.LerInteiro(), EInOutError);
+        QVERIFY_THROWS_EXCEPTION(EInOutError, A.LerInteiro());
     else
-        QVERIFY_EXCEPTION_THROWN(A.LerReal(), EInOutError);
+        QVERIFY_THROWS_EXCEPTION(EInOutError, A.LerReal());
 }
 
 void TesteArquivos::FimAntesDoNumero()
 {
     TArquivoDeLeitura A(" \r\n ", QStringLiteral("x"));
-    QVERIFY_EXCEPTION_THROWN(A.LerInteiro(), EInOutError);
+    QVERIFY_THROWS_EXCEPTION(EInOutError, A.LerInteiro());
 }
 
 void TesteArquivos::CaracteresNaoPassamDaLinha()
@@ -288,8 +288,8 @@ void TesteArquivos::RegistrosDentroDeRegistrosTemLimite()
     for (int Vez = 0; Vez < 2; ++Vez) { // what was left counts no more
         for (int I = 0; I < TArquivoDeLeitura::MaiorProfundidade; ++I)
             Niveis.push_back(std::make_unique<TArquivoDeLeitura::TNivel>(A));
-        QVERIFY_EXCEPTION_THROWN(TArquivoDeLeitura::TNivel{A}, EInOutError);
-        QVERIFY_EXCEPTION_THROWN(TArquivoDeLeitura::TNivel{A}, EInOutError);
+        QVERIFY_THROWS_EXCEPTION(EInOutError, TArquivoDeLeitura::TNivel{A});
+        QVERIFY_THROWS_EXCEPTION(EInOutError, TArquivoDeLeitura::TNivel{A});
         Niveis.clear();
     }
 }
@@ -298,9 +298,9 @@ void TesteArquivos::EscreverRecusaQuebraDeLinhaEForaDaPagina()
 {
     TArquivoDeGravacao A;
     A.Escrever(u"ação ");
-    QVERIFY_EXCEPTION_THROWN(A.Escrever(u"a\nb"), EConvertError);
-    QVERIFY_EXCEPTION_THROWN(A.Escrever(u"a\rb"), EConvertError);
-    QVERIFY_EXCEPTION_THROWN(A.Escrever(u"Ω"), EConvertError);
+    QVERIFY_THROWS_EXCEPTION(EConvertError, A.Escrever(u"a\nb"));
+    QVERIFY_THROWS_EXCEPTION(EConvertError, A.Escrever(u"a\rb"));
+    QVERIFY_THROWS_EXCEPTION(EConvertError, A.Escrever(u"Ω"));
     A.ProximaLinha();
     QCOMPARE(A.Bytes(), QByteArray("a\xE7\xE3o \r\n"));
 }
@@ -362,11 +362,11 @@ void TesteArquivos::TextoComQualquerFimDeLinha()
 void TesteArquivos::IndiceForaDaListaDeTextos()
 {
     TStringList L({QStringLiteral("a")});
-    QVERIFY_EXCEPTION_THROWN(L.Linha(1), EStringListError);
-    QVERIFY_EXCEPTION_THROWN(L.Linha(-1), EStringListError);
-    QVERIFY_EXCEPTION_THROWN(L.Delete(1), EStringListError);
-    QVERIFY_EXCEPTION_THROWN(L.Insert(2, QString()), EStringListError);
-    QVERIFY_EXCEPTION_THROWN(L.AtribuirLinha(1, QString()), EStringListError);
+    QVERIFY_THROWS_EXCEPTION(EStringListError, L.Linha(1));
+    QVERIFY_THROWS_EXCEPTION(EStringListError, L.Linha(-1));
+    QVERIFY_THROWS_EXCEPTION(EStringListError, L.Delete(1));
+    QVERIFY_THROWS_EXCEPTION(EStringListError, L.Insert(2, QString()));
+    QVERIFY_THROWS_EXCEPTION(EStringListError, L.AtribuirLinha(1, QString()));
     QCOMPARE(L.Linhas(), QStringList{QStringLiteral("a")});
 }
 
@@ -398,7 +398,7 @@ void TesteArquivos::GravarRecusaAntesDeTocarNoArquivo()
 {
     EscreverBytes(QStringLiteral("linhas.txt"), "antes");
     const TStringList L({QStringLiteral("Ω")});
-    QVERIFY_EXCEPTION_THROWN(L.SaveToFile(QStringLiteral("linhas.txt")), EConvertError);
+    QVERIFY_THROWS_EXCEPTION(EConvertError, L.SaveToFile(QStringLiteral("linhas.txt")));
     QCOMPARE(BytesDe(QStringLiteral("linhas.txt")), QByteArray("antes"));
     TStringList M({QStringLiteral("ação"), QStringLiteral("€")});
     M.SaveToFile(QStringLiteral("linhas.txt"));

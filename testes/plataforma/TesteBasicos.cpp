@@ -157,14 +157,14 @@ void TesteBasicos::IndiceForaDaListaNaoMudaNada()
 {
     int Vivos = 0;
     TObjectList<TContado> L;
-    QVERIFY_EXCEPTION_THROWN(L.First(), EListError);
-    QVERIFY_EXCEPTION_THROWN(L.Last(), EListError);
+    QVERIFY_THROWS_EXCEPTION(EListError, L.First());
+    QVERIFY_THROWS_EXCEPTION(EListError, L.Last());
     L.Add(std::make_unique<TContado>(Vivos));
-    QVERIFY_EXCEPTION_THROWN(L.Item(1), EListError);
-    QVERIFY_EXCEPTION_THROWN(L.Item(-1), EListError);
-    QVERIFY_EXCEPTION_THROWN(L.Delete(1), EListError);
-    QVERIFY_EXCEPTION_THROWN(L.Insert(2, nullptr), EListError);
-    QVERIFY_EXCEPTION_THROWN(L.SetItem(1, nullptr), EListError);
+    QVERIFY_THROWS_EXCEPTION(EListError, L.Item(1));
+    QVERIFY_THROWS_EXCEPTION(EListError, L.Item(-1));
+    QVERIFY_THROWS_EXCEPTION(EListError, L.Delete(1));
+    QVERIFY_THROWS_EXCEPTION(EListError, L.Insert(2, nullptr));
+    QVERIFY_THROWS_EXCEPTION(EListError, L.SetItem(1, nullptr));
     QCOMPARE(L.Count(), 1);
     QCOMPARE(Vivos, 1);
 }
@@ -225,7 +225,7 @@ void TesteBasicos::InicioQueFalhaNaoIniciou()
 {
     TModulo Modulo(
         "teste", [] { throw EInvalidOperation(QStringLiteral("falha")); }, nullptr);
-    QVERIFY_EXCEPTION_THROWN(Modulo.Iniciar(), EInvalidOperation);
+    QVERIFY_THROWS_EXCEPTION(EInvalidOperation, Modulo.Iniciar());
     QVERIFY(!Modulo.Iniciado());
 }
 

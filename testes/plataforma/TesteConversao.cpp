@@ -68,7 +68,7 @@ void TesteConversao::OQueNaoEInteiroERecusado_data()
 void TesteConversao::OQueNaoEInteiroERecusado()
 {
     QFETCH(QString, Texto);
-    QVERIFY_EXCEPTION_THROWN(StrToInt(Texto), EConvertError);
+    QVERIFY_THROWS_EXCEPTION(EConvertError, StrToInt(Texto));
 }
 
 void TesteConversao::OErroCitaOTexto()
@@ -119,7 +119,7 @@ void TesteConversao::OQueNaoERealERecusado_data()
 void TesteConversao::OQueNaoERealERecusado()
 {
     QFETCH(QString, Texto);
-    QVERIFY_EXCEPTION_THROWN(StrToReal(Texto), EConvertError);
+    QVERIFY_THROWS_EXCEPTION(EConvertError, StrToReal(Texto));
 }
 
 void TesteConversao::AMenorFormaVoltaAoMesmoNumero()

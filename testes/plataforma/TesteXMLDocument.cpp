@@ -127,10 +127,10 @@ void TesteXMLDocument::AtributoVazioEAtributoAusente()
 void TesteXMLDocument::IndiceDeAtributoForaDosLimites()
 {
     const auto D = TXMLDocument::DeBytes("<a b='1'>t</a>");
-    QVERIFY_EXCEPTION_THROWN(D->Raiz().AttributeText(1), EListError);
-    QVERIFY_EXCEPTION_THROWN(D->Raiz().AttributeName(-1), EListError);
-    QVERIFY_EXCEPTION_THROWN(D->Raiz().FirstChild().AttributeUtf8(0), EListError);
-    QVERIFY_EXCEPTION_THROWN(TCursorXML().AttributeUtf8(0), EListError);
+    QVERIFY_THROWS_EXCEPTION(EListError, D->Raiz().AttributeText(1));
+    QVERIFY_THROWS_EXCEPTION(EListError, D->Raiz().AttributeName(-1));
+    QVERIFY_THROWS_EXCEPTION(EListError, D->Raiz().FirstChild().AttributeUtf8(0));
+    QVERIFY_THROWS_EXCEPTION(EListError, TCursorXML().AttributeUtf8(0));
 }
 
 void TesteXMLDocument::PartesDeTextoSaoUmNo()
@@ -323,8 +323,8 @@ void TesteXMLDocument::DeTextoIgnoraADeclaracao()
 void TesteXMLDocument::MeioCaracterERecusado()
 {
     const QString Metade(QChar(0xD800));
-    QVERIFY_EXCEPTION_THROWN(TXMLDocument::DeTexto(u"<a>"_s + Metade + u"</a>"_s), EDOMParseError);
-    QVERIFY_EXCEPTION_THROWN(TXMLDocument::DeTexto(u"<a/>"_s + Metade), EDOMParseError);
+    QVERIFY_THROWS_EXCEPTION(EDOMParseError, TXMLDocument::DeTexto(u"<a>"_s + Metade + u"</a>"_s));
+    QVERIFY_THROWS_EXCEPTION(EDOMParseError, TXMLDocument::DeTexto(u"<a/>"_s + Metade));
 }
 
 void TesteXMLDocument::AMarcaDentroDoDocumentoETexto()
@@ -492,7 +492,7 @@ void TesteXMLDocument::DeArquivo()
 
 void TesteXMLDocument::ArquivoQueNaoExiste()
 {
-    QVERIFY_EXCEPTION_THROWN(TXMLDocument::DeArquivo(u"nenhum-tal.xml"_s), EFOpenError);
+    QVERIFY_THROWS_EXCEPTION(EFOpenError, TXMLDocument::DeArquivo(u"nenhum-tal.xml"_s));
 }
 
 void TesteXMLDocument::VariasThreadsAoMesmoTempo()

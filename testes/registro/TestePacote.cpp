@@ -124,7 +124,7 @@ void TestePacote::PararEIniciarDeNovo()
     }
     QCOMPARE(SibrelModulosIniciados(), 0);
     QCOMPARE(CABECALHO_XML, QString());
-    QVERIFY_EXCEPTION_THROWN(RegistroDeTratadores(), EInvalidOperation);
+    QVERIFY_THROWS_EXCEPTION(EInvalidOperation, RegistroDeTratadores());
     for (TModulo *M : Modulos)
         M->Iniciar();
     TRefTratador Tratador;

@@ -611,14 +611,14 @@ void TesteElementos::ListaPosicoesMoveAsDeOutra()
 void TesteElementos::ListaPosicoesRecusaOQueNaoTem()
 {
     TListaPosicoes L;
-    QVERIFY_EXCEPTION_THROWN(L.First(), EListError);
+    QVERIFY_THROWS_EXCEPTION(EListError, L.First());
     L.Add(TPoint(1, 1));
-    QVERIFY_EXCEPTION_THROWN(L.Remove(TPoint(5, 5)), EListError);
-    QVERIFY_EXCEPTION_THROWN(L.Extract(TPoint(5, 5)), EListError);
-    QVERIFY_EXCEPTION_THROWN(L.ObterPosicao(1), EListError);
-    QVERIFY_EXCEPTION_THROWN(L.AtribuirPosicao(-1, {}), EListError);
-    QVERIFY_EXCEPTION_THROWN(L.Insert(2, {}), EListError);
-    QVERIFY_EXCEPTION_THROWN(L.Delete(1), EListError);
+    QVERIFY_THROWS_EXCEPTION(EListError, L.Remove(TPoint(5, 5)));
+    QVERIFY_THROWS_EXCEPTION(EListError, L.Extract(TPoint(5, 5)));
+    QVERIFY_THROWS_EXCEPTION(EListError, L.ObterPosicao(1));
+    QVERIFY_THROWS_EXCEPTION(EListError, L.AtribuirPosicao(-1, {}));
+    QVERIFY_THROWS_EXCEPTION(EListError, L.Insert(2, {}));
+    QVERIFY_THROWS_EXCEPTION(EListError, L.Delete(1));
     QCOMPARE(L.Count(), 1);
 }
 
@@ -656,7 +656,7 @@ void TesteElementos::AListaEDonaDosElementos()
         QCOMPARE(L.Remove(L.Last()), 0);
         QCOMPARE(Mortos, 2);
         L.Add(Novo());
-        QVERIFY_EXCEPTION_THROWN(L.Delete(1), EListError);
+        QVERIFY_THROWS_EXCEPTION(EListError, L.Delete(1));
     }
     QCOMPARE(Mortos, 4);
 }

@@ -198,16 +198,16 @@ void TesteFiguraXML::OQueNaoCabeNaPaginaERecusadoAntes()
     auto T = std::make_unique<TTexto>();
     T->AtribuirTexto(QStringLiteral(u"Ωmega"));
     S.ObterElementos().Add(std::move(T));
-    QVERIFY_EXCEPTION_THROWN(S.GravarArquivo(Nome("intacta.xml")), EConvertError);
+    QVERIFY_THROWS_EXCEPTION(EConvertError, S.GravarArquivo(Nome("intacta.xml")));
     QCOMPARE(Testes::BytesDe(Nome("intacta.xml")), QByteArray("antes"));
-    QVERIFY_EXCEPTION_THROWN(S.GravarArquivo(Nome("nova.xml")), EConvertError);
+    QVERIFY_THROWS_EXCEPTION(EConvertError, S.GravarArquivo(Nome("nova.xml")));
     QVERIFY(!QFile::exists(Nome("nova.xml")));
 }
 
 void TesteFiguraXML::OQueNaoSePodeGravar()
 {
     TSimboloVetorial S;
-    QVERIFY_EXCEPTION_THROWN(S.GravarArquivo(Nome("nenhuma/pasta/x.xml")), EFCreateError);
+    QVERIFY_THROWS_EXCEPTION(EFCreateError, S.GravarArquivo(Nome("nenhuma/pasta/x.xml")));
 }
 
 void TesteFiguraXML::PontoSemCorEPreto()
@@ -228,8 +228,8 @@ void TesteFiguraXML::CorHexadecimalSemPrefixo()
     QVERIFY(Elemento<TPonto>(S, 0).Cor() == TColor(255));
     QVERIFY(Elemento<TPonto>(S, 1).Cor() == clHighlight);
     for (const char *Ruim : {"$FF", "-1", "G0", "", "100000000"})
-        QVERIFY_EXCEPTION_THROWN(
-            S.Atualizar(Figura(QStringLiteral("<Ponto Cor='%1'/>").arg(QLatin1String(Ruim)))), EConvertError);
+        QVERIFY_THROWS_EXCEPTION(
+            EConvertError, S.Atualizar(Figura(QStringLiteral("<Ponto Cor='%1'/>").arg(QLatin1String(Ruim)))));
 }
 
 void TesteFiguraXML::SoSMaiusculoESim()
@@ -382,8 +382,8 @@ void TesteFiguraXML::NumeroRuimDeixaOsAnteriores()
 {
     QFETCH(QString, Ruim);
     TSimboloVetorial S;
-    QVERIFY_EXCEPTION_THROWN(S.Atualizar(Figura(QStringLiteral("<Ponto X='1'/>%1<Ponto/>").arg(Ruim))),
-                             EConvertError);
+    QVERIFY_THROWS_EXCEPTION(EConvertError,
+                             S.Atualizar(Figura(QStringLiteral("<Ponto X='1'/>%1<Ponto/>").arg(Ruim))));
     QCOMPARE(S.ObterElementos().Count(), 1);
     QCOMPARE(Elemento<TPonto>(S, 0).X(), 1);
 }
@@ -391,9 +391,9 @@ void TesteFiguraXML::NumeroRuimDeixaOsAnteriores()
 void TesteFiguraXML::OElementoRuimFicaComOQueLeu()
 {
     TPonto P;
-    QVERIFY_EXCEPTION_THROWN(
-        P.AtribuirXML(TXMLDocument::DeTexto(u"<Ponto Y='2' X='ruim' Cor='FF'/>")->DocumentElement()),
-        EConvertError);
+    QVERIFY_THROWS_EXCEPTION(
+        EConvertError,
+        P.AtribuirXML(TXMLDocument::DeTexto(u"<Ponto Y='2' X='ruim' Cor='FF'/>")->DocumentElement()));
     QVERIFY(P.Cor() == clRed); // read before X
     QCOMPARE(P.Y(), 0);        // read behind it
 }
@@ -404,7 +404,7 @@ void TesteFiguraXML::XMLMalFormadoNaoCriaNada()
     S.Atualizar(Figura(QStringLiteral("<Ponto/>")));
     for (const char *Ruim : {"", "   ", "<FiguraVet>", "<FiguraVet><Ponto/></Figura>",
                              "<FiguraVet><Ponto X=1/></FiguraVet>", "<FiguraVet/><FiguraVet/>", "nada"})
-        QVERIFY_EXCEPTION_THROWN(S.Atualizar(QLatin1String(Ruim)), EDOMParseError);
+        QVERIFY_THROWS_EXCEPTION(EDOMParseError, S.Atualizar(QLatin1String(Ruim)));
     QCOMPARE(S.ObterElementos().Count(), 1);
 }
 
@@ -418,7 +418,7 @@ void TesteFiguraXML::TextoComAspasNaoVolta()
         S.GravarArquivo(Nome("aspas.xml"));
         QVERIFY(Testes::BytesDe(Nome("aspas.xml")).contains(Texto));
         TSimboloVetorial Lido;
-        QVERIFY_EXCEPTION_THROWN(Lido.LerArquivo(Nome("aspas.xml")), EDOMParseError);
+        QVERIFY_THROWS_EXCEPTION(EDOMParseError, Lido.LerArquivo(Nome("aspas.xml")));
     }
 }
 
@@ -436,10 +436,10 @@ void TesteFiguraXML::ArquivoAusenteDeixaOSimboloVazio()
 {
     TSimboloVetorial S;
     Compor(S);
-    QVERIFY_EXCEPTION_THROWN(S.LerArquivo(Nome("nada.xml")), EFOpenError);
+    QVERIFY_THROWS_EXCEPTION(EFOpenError, S.LerArquivo(Nome("nada.xml")));
     QCOMPARE(S.ObterElementos().Count(), 0);
     QCOMPARE(S.ObterNomeArquivo(), Nome("nada.xml"));
-    QVERIFY_EXCEPTION_THROWN(S.LerArquivo(FPasta.path()), EFOpenError);
+    QVERIFY_THROWS_EXCEPTION(EFOpenError, S.LerArquivo(FPasta.path()));
     Testes::EscreverBytes(Nome("ruim.xml"), "<FiguraVet>");
     try {
         S.LerArquivo(Nome("ruim.xml"));
@@ -509,7 +509,7 @@ void TesteFiguraXML::CadaTruncamentoERecusado()
     for (qsizetype N = 0; N < Inteira.size(); ++N) {
         Testes::EscreverBytes(Nome("curta.xml"), Inteira.first(N));
         TSimboloVetorial S;
-        QVERIFY_EXCEPTION_THROWN(S.LerArquivo(Nome("curta.xml")), EDOMParseError);
+        QVERIFY_THROWS_EXCEPTION(EDOMParseError, S.LerArquivo(Nome("curta.xml")));
         QCOMPARE(S.ObterElementos().Count(), 0);
     }
 }
@@ -523,8 +523,8 @@ void TesteFiguraXML::BombaDeEntidades()
     TSimboloVetorial S;
     QElapsedTimer Relogio;
     Relogio.start();
-    QVERIFY_EXCEPTION_THROWN(
-        S.Atualizar(DTD + QStringLiteral("]><FiguraVet><Texto Texto='&e11;'/></FiguraVet>")), EDOMParseError);
+    QVERIFY_THROWS_EXCEPTION(
+        EDOMParseError, S.Atualizar(DTD + QStringLiteral("]><FiguraVet><Texto Texto='&e11;'/></FiguraVet>")));
     QVERIFY(Relogio.elapsed() < 5000);
 }
 
@@ -535,7 +535,7 @@ void TesteFiguraXML::EntidadeExternaNaoELida()
                           "<!DOCTYPE FiguraVet [<!ELEMENT FiguraVet ANY><!ENTITY s SYSTEM 'segredo.txt'>]>"
                           "<FiguraVet>&s;</FiguraVet>");
     TSimboloVetorial S;
-    QVERIFY_EXCEPTION_THROWN(S.LerArquivo(Nome("externa.xml")), EDOMParseError);
+    QVERIFY_THROWS_EXCEPTION(EDOMParseError, S.LerArquivo(Nome("externa.xml")));
 }
 
 void TesteFiguraXML::ProfundidadeCemMil()
@@ -544,9 +544,8 @@ void TesteFiguraXML::ProfundidadeCemMil()
     TSimboloVetorial S;
     QElapsedTimer Relogio;
     Relogio.start();
-    QVERIFY_EXCEPTION_THROWN(
-        S.Atualizar(Figura(QStringLiteral("<a>").repeated(Fundo) + QStringLiteral("</a>").repeated(Fundo))),
-        EDOMParseError);
+    QVERIFY_THROWS_EXCEPTION(EDOMParseError, S.Atualizar(Figura(QStringLiteral("<a>").repeated(Fundo) +
+                                                                QStringLiteral("</a>").repeated(Fundo))));
     QVERIFY(Relogio.elapsed() < 5000);
 }
 
@@ -557,7 +556,7 @@ void TesteFiguraXML::AtributoDeCemMegabytes()
     TSimboloVetorial S;
     QElapsedTimer Relogio;
     Relogio.start();
-    QVERIFY_EXCEPTION_THROWN(S.LerArquivo(Nome("grande.xml")), EDOMParseError);
+    QVERIFY_THROWS_EXCEPTION(EDOMParseError, S.LerArquivo(Nome("grande.xml")));
     QVERIFY(Relogio.elapsed() < 20'000);
     QFile::remove(Nome("grande.xml"));
 }

@@ -504,7 +504,7 @@ void TesteSimboloImagem::CanvasSoEnquantoPinta()
 {
     TCena Cena;
     Desenhado(Cena.Fundo);
-    QVERIFY_EXCEPTION_THROWN(Cena.Controle.Canvas(), EInvalidOperation);
+    QVERIFY_THROWS_EXCEPTION(EInvalidOperation, Cena.Controle.Canvas());
 }
 
 void TesteSimboloImagem::SobreOutroControle()

@@ -330,7 +330,7 @@ void TesteSimboloVetorial::AssignDeOutroTipoERecusado()
     TSimboloVetorial S;
     Por<TPonto>(S);
     TSimboloFonte Outro;
-    QVERIFY_EXCEPTION_THROWN(S.Assign(Outro), EInvalidCast);
+    QVERIFY_THROWS_EXCEPTION(EInvalidCast, S.Assign(Outro));
     QCOMPARE(S.ObterElementos().Count(), 1);
 }
 
@@ -419,7 +419,7 @@ void TesteSimboloVetorial::ONomeRelativoAABiblioteca()
     TTabelaDeSimbolos Tabela;
     Tabela.NomeArquivo = Biblioteca;
     TSimboloVetorial S;
-    QVERIFY_EXCEPTION_THROWN(S.LerArquivo(Figura), EFOpenError); // keeps the name all the same
+    QVERIFY_THROWS_EXCEPTION(EFOpenError, S.LerArquivo(Figura)); // keeps the name all the same
     QCOMPARE(Registro(&Tabela, S), Linha);
 }
 
@@ -515,7 +515,7 @@ void TesteSimboloVetorial::FiguraDanificadaNaBiblioteca()
     Testes::EscreverBytes(Nome(QStringLiteral("danificada.txt")),
                           "    1\r\nVetorial   \"Um\" figuras\\ruim.xml\r\n");
     TTabelaDeSimbolos Tabela;
-    QVERIFY_EXCEPTION_THROWN(Tabela.Importar(Nome(QStringLiteral("danificada.txt"))), EDOMParseError);
+    QVERIFY_THROWS_EXCEPTION(EDOMParseError, Tabela.Importar(Nome(QStringLiteral("danificada.txt"))));
     QVERIFY(Tabela.AvisosDaImportacao()[0].Tipo == TTipoDeAviso::FiguraIlegivel);
 }
 

@@ -234,7 +234,7 @@ void TesteTabelaDeSimbolos::DesenharRotacionadoNaoRoda()
 {
     TTabelaDeSimbolos Tabela;
     Tabela.Simbolos().Add(Glifo(70));
-    const auto Desenhar = [&Tabela](const auto &Como) {
+    const auto Desenhar = [](const auto &Como) {
         QImage Imagem = Folha(32, 32);
         TCanvas Canvas(Imagem);
         Como(Canvas);

@@ -404,9 +404,9 @@ void TesteTabelaDeSimbolosBD::DadosFechados()
     TTabelaDeSimbolosBD Tabela;
     Tabela.Simbolos().Add(std::make_unique<TSimboloFonte>());
     TClientDataSet Dados;
-    QVERIFY_EXCEPTION_THROWN(Tabela.ImportarBD(Dados), EDatabaseError);
+    QVERIFY_THROWS_EXCEPTION(EDatabaseError, Tabela.ImportarBD(Dados));
     QVERIFY(Tabela.Simbolos().Vazia());
-    QVERIFY_EXCEPTION_THROWN((void)Tabela.LerSimboloBD(Dados), EDatabaseError);
+    QVERIFY_THROWS_EXCEPTION(EDatabaseError, (void)Tabela.LerSimboloBD(Dados));
 }
 
 void TesteTabelaDeSimbolosBD::GlifosDaMesmaFonteDividemOQueSeLembra()
