@@ -32,6 +32,7 @@ private Q_SLOTS:
     void TextosCurtosRepetidosNaoSeMisturam();
     void ForaDaRaizNadaFica();
     void OsParentescos();
+    void LongeDoPai();
     void OMesmoNomeTemOMesmoNumero();
     void OProcuradoEOPrimeiroElementoDoNome();
     void NuloRespondeVazio();
@@ -214,6 +215,30 @@ void TesteXMLDocument::OsParentescos()
     QVERIFY(B.NextSibling().NomeE(u"d"));
     QCOMPARE(B.NextSibling().Parent(), D->Raiz());
     QVERIFY(C.Ordem() > B.Ordem());
+}
+
+// Numbers of one byte to five: children far from their parent, on far lines, with long texts and many names.
+void TesteXMLDocument::LongeDoPai()
+{
+    constexpr int Filhos = 40'000;
+    const QString Longo(300, u'x');
+    QString Texto = u"<r>\n"_s;
+    for (int I = 0; I < Filhos; ++I)
+        Texto += u"<n%1 a='%2'><f/></n%1>\n"_s.arg(I % 200).arg(I % 1000 == 0 ? Longo : QString::number(I));
+    const auto D = TXMLDocument::DeTexto(Texto + u"</r>"_s);
+    int I = 0;
+    for (const TCursorXML No : D->Raiz().Filhos()) {
+        if (!No.Elemento())
+            continue;
+        QCOMPARE(No.Parent(), D->Raiz());
+        QCOMPARE(No.FirstChild().Parent(), No);
+        QCOMPARE(No.Linha(), I + 2);
+        QVERIFY(No.NomeE(u"n%1"_s.arg(I % 200)));
+        QCOMPARE(No.Attribute(u"a"), std::optional(I % 1000 == 0 ? Longo : QString::number(I)));
+        ++I;
+    }
+    QCOMPARE(I, Filhos);
+    QCOMPARE(D->Nos(), 2U + 3U * Filhos);
 }
 
 void TesteXMLDocument::OMesmoNomeTemOMesmoNumero()
