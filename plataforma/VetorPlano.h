@@ -11,10 +11,9 @@
 namespace Sibrel
 {
 
-/// A growing array of plain values for the large tables of documents. Where it grows, the system moves its
-/// pages instead of copying them, and what is left over at the end goes back without a copy: std::vector
-/// cannot do that, and reading 30 MB of document spends a third of its time there. Growing raises
-/// std::bad_alloc and changes nothing.
+/// A growing array of plain values, written at its end, for what documents keep. Where it grows, the system
+/// moves its pages instead of copying them, and what is left over at the end goes back without a copy:
+/// std::vector cannot do that. Growing raises std::bad_alloc and changes nothing.
 template <class T>
 class TVetorPlano
 {
@@ -27,22 +26,7 @@ public:
     const T *data() const noexcept { return FDados.get(); }
 
     T &operator[](std::size_t Indice) noexcept { return FDados.get()[Indice]; }
-    const T &operator[](std::size_t Indice) const noexcept { return FDados.get()[Indice]; }
-    T &back() noexcept { return FDados.get()[FTamanho - 1]; }
 
-    T &push_back(const T &Valor)
-    {
-        const T Copia = Valor; // it may stand in the array itself
-        Garantir(FTamanho + 1);
-        return *std::construct_at(FDados.get() + FTamanho++, Copia);
-    }
-    /// `Origem` is not inside the array.
-    void append(const T *Origem, std::size_t Quantos)
-    {
-        Garantir(FTamanho + Quantos);
-        std::copy_n(Origem, Quantos, FDados.get() + FTamanho);
-        FTamanho += Quantos;
-    }
     /// Room for `Quantos` more, to be written before anything else is done here; `take` keeps those up to
     /// `Fim`.
     T *room(std::size_t Quantos)
@@ -51,8 +35,6 @@ public:
         return FDados.get() + FTamanho;
     }
     void take(const T *Fim) noexcept { FTamanho = static_cast<std::size_t>(Fim - FDados.get()); }
-    /// Forgets the values from `Tamanho` on.
-    void truncate(std::size_t Tamanho) noexcept { FTamanho = std::min(FTamanho, Tamanho); }
 
     void reserve(std::size_t Quantos)
     {
