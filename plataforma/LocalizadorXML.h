@@ -17,7 +17,8 @@ namespace Sibrel
 class SIBREL_EXPORT TLocalizadorXML
 {
 public:
-    /// `Texto` is what the documents of all questions were read from.
+    /// `Texto` is what the documents of all questions were read from: a place found in one is good in
+    /// another.
     explicit TLocalizadorXML(QString Texto);
 
     /// The column in which the element's tag begins, from 1, in UTF-16 code units. 0 when it cannot be told:
